@@ -1,0 +1,13 @@
+# SPDX-License-Identifier: MIT
+# Copyright (c) 2026 The Corvane Print authors
+#
+# What a build may switch on and off. A project that includes this one gets the library alone.
+option(CORVANE_PRINT_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
+option(CORVANE_PRINT_BUILD_TOOLS "Build plotclip" ${PROJECT_IS_TOP_LEVEL})
+option(CORVANE_PRINT_BUILD_FUZZERS "Build the libFuzzer targets (clang only)" OFF)
+option(CORVANE_PRINT_WARNINGS_AS_ERRORS "Treat warnings as errors" ${PROJECT_IS_TOP_LEVEL})
+set(CORVANE_PRINT_SANITIZE "" CACHE STRING "Sanitizers, as for -fsanitize=, for everything that is built")
+
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "Build type" FORCE)
+endif()

@@ -1,0 +1,14 @@
+/* SPDX-License-Identifier: MIT
+ * Copyright (c) 2026 The Corvane Print authors
+ *
+ * The version of the headers, as numbers that the preprocessor can compare and as text.
+ */
+#ifndef CORVANE_PRINT_VERSION_H
+#define CORVANE_PRINT_VERSION_H
+
+#define CORVANE_PRINT_VERSION_MAJOR 0
+#define CORVANE_PRINT_VERSION_MINOR 1
+#define CORVANE_PRINT_VERSION_PATCH 0
+#define CORVANE_PRINT_VERSION "0.1.0"
+
+#endif

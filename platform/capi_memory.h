@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The Corvane Print authors
+//
+// The one door to the heap for everything that crosses the C interface or must be able to report that memory
+// ran out. Plain malloc, realloc and free stand behind it, because some callers release our blocks with the
+// general heap. Tests install a failure plan to make the n-th request fail.
+#ifndef CORVANE_PRINT_PLATFORM_CAPI_MEMORY_H
+#define CORVANE_PRINT_PLATFORM_CAPI_MEMORY_H
+
+#include <cstddef>
+#include <limits>
+#include <new>
+#include <vector>
+
+namespace Corvane::Print::platform {
+
+// Null when memory ran out. `capi_realloc` leaves the old block alone when it fails.
+void* capi_alloc(std::size_t bytes) noexcept;
+void* capi_realloc(void* block, std::size_t bytes) noexcept;
+void capi_free(void* block) noexcept;
+
+// Room for `count` objects of `size` bytes; null also when the product does not fit the address space.
+void* capi_alloc_array(std::size_t count, std::size_t size) noexcept;
+
+// For tests: let `successes` more requests succeed and all later ones fail; a negative number lets all
+// succeed. Returns how many requests were made since the previous call.
+long capi_fail_after(long successes) noexcept;
+
+// A standard allocator over the door above; throws std::bad_alloc, which the exported functions catch.
+template <class T>
+struct CapiAllocator {
+  using value_type = T;
+  CapiAllocator() = default;
+  template <class U>
+  CapiAllocator(const CapiAllocator<U>&) noexcept {}
+  T* allocate(std::size_t n) {
+    if (void* p = capi_alloc_array(n, sizeof(T))) return static_cast<T*>(p);
+    throw std::bad_alloc();
+  }
+  void deallocate(T* p, std::size_t) noexcept { capi_free(p); }
+  friend bool operator==(const CapiAllocator&, const CapiAllocator&) { return true; }
+};
+
+template <class T>
+using CapiVector = std::vector<T, CapiAllocator<T>>;
+
+}  // namespace Corvane::Print::platform
+
+#endif
