@@ -13,7 +13,8 @@
 // Invariants
 //  - `next` and `prev` are never null and never lead to an inserted vertex; v.next->prev == v.
 //  - after a reset `next2 == next` and `partner == null` for every vertex.
-//  - `next2` leads from each original vertex through the vertices inserted on its edge, ordered along it, to the
+//  - `next2` leads from each original vertex through the vertices inserted on its edge, ordered along it, to
+//  the
 //    next original one.
 //  - an inserted vertex has prev = the original vertex that its edge starts at and next = the one it ends at.
 //  - partner links are mutual: v.partner->partner == v; the two lie on different rings.
@@ -27,8 +28,9 @@
 
 extern "C" {
 
-typedef int(CORVANE_PRINT_CALL* LineClipper)(FencePolygon* fence, int dim, int numPoints, const double* points,
-                                             int* numPieces, int* counts, double* out, int* numOut);
+typedef int(CORVANE_PRINT_CALL* LineClipper)(FencePolygon* fence, int dim, int numPoints,
+                                             const double* points, int* numPieces, int* counts, double* out,
+                                             int* numOut);
 
 // Six doubles, as they stand in both records.
 struct ClipExtent {
@@ -107,9 +109,9 @@ static_assert(offsetof(FencePolygon, first) == 0 &&
               offsetof(FencePolygon, lineClipper) < offsetof(FencePolygon, overlap) &&
               offsetof(FencePolygon, overlap) < offsetof(FencePolygon, probe) &&
               offsetof(FencePolygon, probe) < offsetof(FencePolygon, refCount));
-static_assert(sizeof(void*) != 4 || (sizeof(FenceVertex) == 136 && sizeof(FencePolygon) == 112 &&
-                                     sizeof(CLclpMemType) == 28 && offsetof(FencePolygon, area) == 24 &&
-                                     offsetof(FencePolygon, extent) == 40));
+static_assert(sizeof(void*) != 4 ||
+              (sizeof(FenceVertex) == 136 && sizeof(FencePolygon) == 112 && sizeof(CLclpMemType) == 28 &&
+               offsetof(FencePolygon, area) == 24 && offsetof(FencePolygon, extent) == 40));
 
 }  // namespace Corvane::Print::clip
 

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The Corvane Print authors
+//
+// The exported calls that clip lines and polygons. They do nothing but check what the clippers trust and call
+// them.
+#include "clip/polygon_clip.h"
+#include "clip/records.h"
+#include "corvane/print/cl.h"
+
+int CORVANE_PRINT_CALL CLclipLine(CLFenceHandle fence, int dim, int numPoints, const double* points,
+                                  int* numPieces, int* counts, double* out, int* numOut) {
+  const bool arrays = points != nullptr && counts != nullptr && out != nullptr;
+  if (fence == nullptr || !arrays || numPieces == nullptr || numOut == nullptr) return CL_BAD_ARGUMENT;
+  if ((dim != 2 && dim != 3) || numPoints < 1) return CL_BAD_ARGUMENT;
+  return fence->lineClipper(fence, dim, numPoints, points, numPieces, counts, out, numOut);
+}
+
+int CORVANE_PRINT_CALL CLclipPolygon(CLFenceHandle fence, int dim, int numPoints, const double* points,
+                                     int* numPieces, int* counts, double* out, int* numOut) {
+  return Corvane::Print::clip::clip_polygon(fence, dim, numPoints, points, numPieces, counts, out, numOut);
+}

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The Corvane Print authors
+//
+// State: the origin in the polygon's probe record, overwritten by every test.
+#include "clip/contain.h"
+
+#include "clip/ring.h"
+#include "clip/tolerances.h"
+
+#include <cmath>
+
+namespace Corvane::Print::clip {
+namespace {
+
+// 0 on the line through V along (dx, dy), 1 and 2 on its sides.
+int side_of_line(const FenceVertex& q, const FenceVertex& v, double dx, double dy) {
+  const double c = (q.y - v.y) * dx - (q.x - v.x) * dy;
+  if (c > -kParallel && c < kParallel) return 0;
+  return c >= kParallel ? 1 : 2;
+}
+
+// The ray passes through the vertex: does the ring change sides there?
+RayAnswer vertex_meets_ray(const FenceVertex& v, const ProbeRecord& ray, bool& skip_next) {
+  const double dx = ray.x + ray.dx - v.x;
+  const double dy = ray.y + ray.dy - v.y;
+  if (side_of_line(*v.prev, v, dx, dy) == side_of_line(*v.next2, v, dx, dy)) return kMiss;
+  skip_next = true;
+  return kCross;
+}
+
+// The edge is parallel to the ray: it matters only when the probe lies on its line, and then whether the
+// probe, or the vertex after it, touches the edge or the two lie on either side of it.
+RayAnswer parallel_edge_meets_ray(const FenceVertex& e, const FenceVertex& p) {
+  if (std::fabs((p.x - e.x) * e.dy - (p.y - e.y) * e.dx) > kParallel) return kMiss;
+  double here = kLargest, there = kLargest;
+  if (e.dx != 0.0) {
+    here = (p.x - e.x) / e.dx;
+    there = (p.next->x - e.x) / e.dx;
+  }
+  const double low = -e.tolerance, high = 1.0 + e.tolerance;
+  if ((here >= low && here <= high) || (there >= low && there <= high)) return kOnEdge;
+  return (here < low && there > high) || (there < low && here > high) ? kOnEdge : kMiss;
+}
+
+// The cast starts at an edge whose start is not right above or below the probe, where there is one.
+const FenceVertex* first_edge_of_cast(const FencePolygon& polygon, double x) {
+  const FenceVertex* v = polygon.first;
+  do {
+    if (!(std::fabs(v->x - x) < kSamePlace)) return v;
+    v = v->next;
+  } while (v != polygon.first);
+  return v;
+}
+
+}  // namespace
+
+RayAnswer edge_meets_ray(const FenceVertex& e, const ProbeRecord& ray, const FenceVertex& p, bool& skip_next,
+                         bool& at_start) {
+  const double denom = e.dy * ray.dx - e.dx * ray.dy;
+  if (denom >= -kParallel && denom <= kParallel) return parallel_edge_meets_ray(e, p);
+  const double t = ((ray.y - e.y) * ray.dx - (ray.x - e.x) * ray.dy) / denom;
+  if (t <= -e.tolerance || t >= 1.0 + e.tolerance) return kMiss;
+  const double u = ((ray.y - e.y) * e.dx - (ray.x - e.x) * e.dy) / denom;
+  if (u > -ray.tolerance && u < ray.tolerance) return kOnEdge;
+  if (u <= -ray.tolerance) return kMiss;
+  if (t < e.tolerance) {
+    at_start = true;
+    return vertex_meets_ray(e, ray, skip_next);
+  }
+  if (t > 1.0 - e.tolerance) return vertex_meets_ray(*e.next, ray, skip_next);
+  return kCross;
+}
+
+bool probe_is_inside(const FenceVertex& probe, FencePolygon& polygon) {
+  ProbeRecord& ray = *polygon.probe;
+  ray.x = probe.x;
+  ray.y = probe.y;
+  const FenceVertex* const first = first_edge_of_cast(polygon, probe.x);
+  int count = 0;
+  bool skip = false;
+  const FenceVertex* e = first;
+  do {
+    bool skip_next = false, at_start = false;
+    if (!skip) {
+      const RayAnswer answer = edge_meets_ray(*e, ray, probe, skip_next, at_start);
+      if (answer == kOnEdge) return true;
+      // A crossing through the first vertex of the cast belongs to the edge that ends there, which comes
+      // last; counting it here too would count it twice.
+      const bool left_to_last_edge = at_start && e == first;
+      if (left_to_last_edge) skip_next = false;
+      if (answer == kCross && !left_to_last_edge) ++count;
+    }
+    skip = skip_next;
+    e = e->next;
+  } while (e != first);
+  return count % 2 == 1;
+}
+
+bool is_inside(const FenceVertex& probe, const ClipExtent& extent, FencePolygon& polygon) {
+  return within_xy(extent, polygon.extent) && probe_is_inside(probe, polygon);
+}
+
+void store_verdict(FencePolygon& ring, bool inside, int other_mode) {
+  const bool two_is_inside = other_mode == CL_KEEP_INSIDE;
+  ring.containment = inside == two_is_inside ? kKept : kDropped;
+}
+
+}  // namespace Corvane::Print::clip

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The Corvane Print authors
+//
+// A piece starts where the subject enters the kept side. It follows the subject to the next crossing, turns
+// there onto the fence, follows the fence to its next crossing, turns back onto the subject, and so on until
+// it is back where it started. With the subject clockwise, and the fence clockwise in mode 2 and
+// counter-clockwise in mode 1, that is the boundary of the part inside or outside the fence.
+//
+// State: the visited marks of the crossings.
+#include "clip/emit.h"
+
+#include "clip/links.h"
+#include "clip/ring.h"
+
+namespace Corvane::Print::clip {
+namespace {
+
+// Writes one piece and returns the points it took. Where the rings are linked the subject's own point and z
+// are written. A vertex that was inserted for a mere touch is no corner of the piece and is left out.
+long long emit_piece(FenceVertex* start, long long most_steps, OutputRoom& room) {
+  long long steps = 0;
+  bool on_subject = true;
+  FenceVertex* v = start;
+  room.begin_piece();
+  do {
+    const bool crossing = (v->marker2 & kCrossing) != 0;
+    if (crossing || v->marker == kOriginal) {
+      const FenceVertex& place = !on_subject && v->partner != nullptr ? *v->partner : *v;
+      room.point(place.x, place.y, place.z);
+    }
+    ++steps;
+    v = v->next2;
+    if ((v->marker2 & kCrossing) != 0) {
+      v->marker2 |= kVisited;
+      v->partner->marker2 |= kVisited;
+      v = v->partner;
+      on_subject = !on_subject;
+    }
+  } while (v != start && steps < most_steps);
+  room.end_piece();
+  return steps;
+}
+
+}  // namespace
+
+void emit_ring(const FencePolygon& ring, OutputRoom& room) {
+  room.begin_piece();
+  for_each_vertex(ring.first, [&](const FenceVertex& v) { room.point(v.x, v.y, v.z); });
+  room.end_piece();
+}
+
+void emit_pieces(const FencePolygon& subject, long long most_steps, OutputRoom& room) {
+  FenceVertex* v = subject.start;
+  do {
+    const bool enters = (v->marker2 & kEntry) != 0 && (v->marker2 & kVisited) == 0;
+    if (enters && most_steps > 0) most_steps -= emit_piece(v, most_steps, room);
+    v = v->next2;
+  } while (v != subject.start);
+}
+
+}  // namespace Corvane::Print::clip

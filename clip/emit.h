@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The Corvane Print authors
+//
+// Writing rings and the pieces cut from them to the caller's arrays.
+#ifndef CORVANE_PRINT_CLIP_EMIT_H
+#define CORVANE_PRINT_CLIP_EMIT_H
+
+#include "clip/output_room.h"
+#include "clip/records.h"
+
+namespace Corvane::Print::clip {
+
+// The ring as it was given, without anything that a clip inserted.
+void emit_ring(const FencePolygon& ring, OutputRoom& room);
+
+// The pieces of a subject whose crossings are marked, in the order in which a walk around it from its start
+// vertex enters them. `most_steps` bounds the points of all pieces together, so that no input can make the
+// walk go round for ever.
+void emit_pieces(const FencePolygon& subject, long long most_steps, OutputRoom& room);
+
+}  // namespace Corvane::Print::clip
+
+#endif

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The Corvane Print authors
+//
+// Follows each run of the input from cut to cut, counting how many of the fence's polygons it is inside of. A
+// stretch is kept when that number is 0 in mode 1, and when it is not in mode 2.
+//
+// State: the node pool, and the origins in the fence's probe records.
+#include "clip/line_general.h"
+
+#include "clip/node_pool.h"
+#include "clip/output_room.h"
+#include "clip/polyline.h"
+#include "clip/ring.h"
+#include "clip/run_cuts.h"
+
+#include <algorithm>
+#include <new>
+#include <utility>
+
+namespace Corvane::Print::clip {
+namespace {
+
+struct RunInFence {
+  Cuts cuts;             // with all polygons, in the order of the run
+  int inside_count = 0;  // polygons that the run starts inside of
+};
+
+// Where the run passes from one polygon into its neighbour at one place, it enters before it leaves: there is
+// no stretch outside between the two.
+void put_entries_first(Cuts& cuts) {
+  for (std::size_t i = 0; i + 1 < cuts.size(); ++i) {
+    Cut& a = cuts[i];
+    Cut& b = cuts[i + 1];
+    const bool same_place = a.edge_index == b.edge_index && b.param - a.param <= a.edge->tolerance;
+    if (same_place && !a.inside_after && b.inside_after) std::swap(a, b);
+  }
+}
+
+RunInFence cut_run(const Run& run, FencePolygon& fence, const ClipExtent& input) {
+  RunInFence result;
+  int number = 0;
+  for (FencePolygon* f = &fence; f != nullptr; f = f->nextPoly, ++number) {
+    if (!overlap_xy(f->extent, input)) continue;
+    bool inside = false;
+    const Cuts cuts = cut_run_at(run, *f, number, inside);
+    result.inside_count += inside ? 1 : 0;
+    bool inside_before = inside;
+    for (const Cut& cut : cuts) {
+      // Touches are none of the output's business.
+      if (cut.inside_after != inside_before) result.cuts.push_back(cut);
+      inside_before = cut.inside_after;
+    }
+  }
+  std::stable_sort(result.cuts.begin(), result.cuts.end(), [](const Cut& a, const Cut& b) {
+    if (a.edge_index != b.edge_index) return a.edge_index < b.edge_index;
+    return a.param < b.param;
+  });
+  put_entries_first(result.cuts);
+  return result;
+}
+
+// Writes the kept stretches of one run.
+class RunWriter {
+public:
+  RunWriter(bool keep_outside, int inside_count, OutputRoom& room)
+      : keep_outside_(keep_outside), inside_count_(inside_count), room_(room) {
+    if (keeping()) room_.begin_piece();
+  }
+  void vertex(const FenceVertex& v) {
+    if (keeping()) room_.point(v.x, v.y, v.z);
+  }
+  // A cut at a vertex comes before the vertex itself, which is then written by the cut alone.
+  void cut(const Cut& cut) {
+    const bool before = keeping();
+    inside_count_ += cut.inside_after ? 1 : -1;
+    if (keeping() == before) return;
+    if (before) {
+      room_.point(cut.point.x, cut.point.y, cut.point.z);
+      room_.end_piece();
+    } else {
+      room_.begin_piece();
+      if (cut.param != 0.0) room_.point(cut.point.x, cut.point.y, cut.point.z);
+    }
+  }
+  void end() {
+    if (keeping()) room_.end_piece();
+  }
+
+private:
+  bool keeping() const { return (inside_count_ == 0) == keep_outside_; }
+
+  bool keep_outside_;
+  int inside_count_;
+  OutputRoom& room_;
+};
+
+void emit_run(const Run& run, const RunInFence& in_fence, bool keep_outside, OutputRoom& room) {
+  RunWriter writer(keep_outside, in_fence.inside_count, room);
+  auto next_cut = in_fence.cuts.begin();
+  const FenceVertex* v = run.first;
+  for (int i = 0; i < run.count; ++i, v = v->next) {
+    for (; next_cut != in_fence.cuts.end() && next_cut->edge_index == i && next_cut->param == 0.0;
+         ++next_cut) {
+      writer.cut(*next_cut);
+    }
+    writer.vertex(*v);
+    for (; next_cut != in_fence.cuts.end() && next_cut->edge_index == i; ++next_cut) writer.cut(*next_cut);
+  }
+  writer.end();
+}
+
+ClipExtent extent_of(const Polylines& lines) {
+  ClipExtent extent = empty_extent();
+  for (const LinePoint& p : lines.points) include_point(extent, p.x, p.y);
+  return extent;
+}
+
+}  // namespace
+
+int CORVANE_PRINT_CALL clip_line_general(FencePolygon* fence, int dim, int num_points, const double* points,
+                                         int* num_pieces, int* counts, double* out, int* num_out) try {
+  const bool keep_outside = fence->mode == CL_KEEP_OUTSIDE;
+  OutputRoom room(dim, *num_pieces, counts, out, *num_out);
+  Polylines lines = split_at_breaks(dim, num_points, points);
+  if (dim == 3 && !keep_outside) lines = cut_to_depth(lines, fence->extent.zmin, fence->extent.zmax);
+  const ClipExtent input = extent_of(lines);
+  std::size_t begin = 0;
+  for (const std::size_t end : lines.ends) {
+    if (!restart_overflow()) return CL_NO_MEMORY;
+    const Run run = build_run(lines.points.data() + begin, end - begin);
+    emit_run(run, cut_run(run, *fence, input), keep_outside, room);
+    begin = end;
+  }
+  return room.finish_lines(num_pieces, num_out);
+} catch (const std::bad_alloc&) {
+  return CL_NO_MEMORY;
+}
+
+}  // namespace Corvane::Print::clip

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The Corvane Print authors
+//
+// The engine's answer to degenerate input. A link is a vertex that lies on both rings. Links cut the subject
+// into parts, each of which lies inside the fence, outside it or along its edge. Parts along the edge are
+// taken as one with the links at their ends; where the part before such a chain and the part after it lie on
+// different sides, the rings cross there, once. Everything else is a touch and changes nothing.
+//
+//   outside -- a == along == b -- inside      crosses at b: entering counts where the chain ends,
+//   inside  -- a == along == b -- outside     crosses at a: leaving counts where it starts,
+//
+// so that a walk which turns at the crossings follows the fence along the chain when it bounds the kept
+// region, and not at all when it does not.
+//
+// No shared state.
+#include "clip/links.h"
+
+#include "clip/candidates.h"
+#include "clip/node_pool.h"
+#include "clip/ring.h"
+
+#include <algorithm>
+#include <functional>
+#include <new>
+
+namespace Corvane::Print::clip {
+namespace {
+
+FenceVertex* new_vertex_on(FenceVertex& edge, double param, double x, double y, double z) {
+  FenceVertex* v = take_vertex();
+  if (v == nullptr) throw std::bad_alloc();
+  v->x = x;
+  v->y = y;
+  v->z = z;
+  v->dx = edge.dx;
+  v->dy = edge.dy;
+  v->tolerance = edge.tolerance;
+  v->param = param;
+  v->marker = kInserted;
+  v->prev = &edge;
+  v->next = v->next2 = edge.next;
+  return v;
+}
+
+double z_on(const FenceVertex& edge, double param) {
+  return edge.z + param * (edge.next->z - edge.z);
+}
+
+// Leads the working successors through the inserted vertices: by edge, along the edge, and where two have the
+// same place in the order in which they were found.
+void thread(VertexList& inserted) {
+  std::stable_sort(inserted.begin(), inserted.end(), [](const FenceVertex* a, const FenceVertex* b) {
+    if (a->prev != b->prev) return std::less<>{}(a->prev, b->prev);
+    return a->param < b->param;
+  });
+  const FenceVertex* edge = nullptr;
+  FenceVertex* last = nullptr;
+  for (FenceVertex* v : inserted) {
+    if (v->prev != edge) last = v->prev;
+    edge = v->prev;
+    last->next2 = v;
+    v->next2 = v->next;
+    last = v;
+  }
+}
+
+struct Point {
+  double x, y;
+};
+
+// The middle of the longest stretch between two links, as the point that speaks for the part.
+Point middle_of_part(const FenceVertex* from, const FenceVertex* to) {
+  Point middle{from->x, from->y};
+  double longest = -1.0;
+  const FenceVertex* v = from;
+  do {
+    const FenceVertex* end = v->next2;
+    const double dx = end->x - v->x, dy = end->y - v->y;
+    const double squared = dx * dx + dy * dy;
+    if (squared > longest) {
+      longest = squared;
+      middle = {v->x + dx / 2.0, v->y + dy / 2.0};
+    }
+    v = end;
+  } while (v != to);
+  return middle;
+}
+
+Side side_of_part(const FenceVertex* from, const FenceVertex* to, const FenceVertex* other, bool clockwise) {
+  const Side side = agreed_side(side_of(leaving(*from), *from->partner, clockwise),
+                                side_of(arriving(*to).reversed(), *to->partner, clockwise));
+  if (side != Side::kUnknown) return side;
+  const Point middle = middle_of_part(from, to);
+  return encloses(other, middle.x, middle.y) ? Side::kInside : Side::kOutside;
+}
+
+void mark_pair(FenceVertex& on_subject, int bits) {
+  on_subject.marker2 |= bits;
+  on_subject.partner->marker2 |= kCrossing;
+}
+
+}  // namespace
+
+void RingLinker::pair(FenceVertex& on_fence, FenceVertex& on_subject, int number) {
+  on_fence.partner = &on_subject;
+  on_subject.partner = &on_fence;
+  on_fence.marker2 = on_subject.marker2 = number << kFenceShift;
+  include_point(limit_, on_fence.x, on_fence.y);
+  include_point(limit_, on_subject.x, on_subject.y);
+  ++links_;
+}
+
+// A vertex that is linked already stays as it is, whatever further edge it meets.
+void RingLinker::connect(const Meeting& m, FenceVertex& e, FenceVertex& f, int number) {
+  if (m.fence_vertex != nullptr && m.fence_vertex->partner != nullptr) return;
+  if (m.subject_vertex != nullptr && m.subject_vertex->partner != nullptr) return;
+  FenceVertex* on_fence = m.fence_vertex;
+  FenceVertex* on_subject = m.subject_vertex;
+  if (on_subject == nullptr) {
+    // The subject's z, also where the fence's vertex gives the place.
+    const double u = m.subject_param;
+    const double x = on_fence != nullptr ? on_fence->x : f.x + u * f.dx;
+    const double y = on_fence != nullptr ? on_fence->y : f.y + u * f.dy;
+    on_subject = new_vertex_on(f, u, x, y, z_on(f, u));
+    new_on_subject_.push_back(on_subject);
+  }
+  if (on_fence == nullptr) {
+    on_fence = new_vertex_on(e, m.fence_param, on_subject->x, on_subject->y, on_subject->z);
+    new_on_fence_.push_back(on_fence);
+  }
+  pair(*on_fence, *on_subject, number);
+}
+
+void RingLinker::link_with(FencePolygon& fence, int number) {
+  new_on_fence_.clear();
+  for_each_candidate({fence.first, fence.vertexCount}, {subject_.first, subject_.vertexCount},
+                     [&](FenceVertex& e, FenceVertex& f) {
+                       const Meeting m = meet(e, f);
+                       if (m.found()) connect(m, e, f, number);
+                     });
+  thread(new_on_fence_);
+}
+
+void RingLinker::finish() {
+  thread(new_on_subject_);
+}
+
+VertexList linked_vertices(FencePolygon& ring) {
+  VertexList linked;
+  FenceVertex* v = ring.first;
+  do {
+    if (v->partner != nullptr) linked.push_back(v);
+    v = v->next2;
+  } while (v != ring.first);
+  return linked;
+}
+
+VertexList linked_vertices_by_fence(FencePolygon& ring) {
+  VertexList linked = linked_vertices(ring);
+  std::stable_sort(linked.begin(), linked.end(), [](const FenceVertex* a, const FenceVertex* b) {
+    return linked_fence(*a) < linked_fence(*b);
+  });
+  return linked;
+}
+
+Side side_of_ring(std::span<FenceVertex* const> linked, const FenceVertex* other, bool other_clockwise) {
+  Side side = Side::kUnknown;
+  for (std::size_t i = 0; i < linked.size(); ++i) {
+    side = side_of_part(linked[i], linked[(i + 1) % linked.size()], other, other_clockwise);
+    if (side != Side::kAlong) break;
+  }
+  return side;
+}
+
+int mark_crossings(std::span<FenceVertex* const> linked, const FencePolygon& fence) {
+  const std::size_t n = linked.size();
+  const bool clockwise = fence.mode != CL_KEEP_OUTSIDE;
+  const Side kept = fence.mode == CL_KEEP_OUTSIDE ? Side::kOutside : Side::kInside;
+  platform::CapiVector<Side> sides(n);
+  for (std::size_t i = 0; i < n; ++i) {
+    sides[i] = side_of_part(linked[i], linked[(i + 1) % n], fence.first, clockwise);
+  }
+  const auto decided = [](Side s) { return s != Side::kAlong; };
+  const auto last = std::find_if(sides.rbegin(), sides.rend(), decided);
+  if (last == sides.rend()) return 0;
+  std::size_t before = static_cast<std::size_t>(sides.rend() - last) - 1;  // the last decided part
+  int crossings = 0;
+  for (std::size_t i = 0; i < n; ++i) {
+    if (sides[i] == Side::kAlong) continue;
+    if (sides[i] != sides[before]) {
+      const bool entering = sides[i] == kept;
+      mark_pair(*linked[entering ? i : (before + 1) % n], entering ? kCrossing | kEntry : kCrossing);
+      ++crossings;
+    }
+    before = i;
+  }
+  return crossings;
+}
+
+}  // namespace Corvane::Print::clip

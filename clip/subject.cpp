@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The Corvane Print authors
+//
+// All nodes come from the overflow buffers and are abandoned with the clip.
+#include "clip/subject.h"
+
+#include "clip/depth_cut.h"
+#include "clip/node_pool.h"
+#include "clip/probe.h"
+#include "clip/ring.h"
+
+#include <cmath>
+#include <new>
+
+namespace Corvane::Print::clip {
+namespace {
+
+template <class T>
+T* or_throw(T* node) {
+  if (node == nullptr) throw std::bad_alloc();
+  return node;
+}
+
+struct DepthRange {
+  double low, high;
+};
+
+DepthRange depth_of(const FenceVertex* ring) {
+  DepthRange range{ring->z, ring->z};
+  for_each_vertex(ring, [&](const FenceVertex& v) {
+    if (v.z < range.low) range.low = v.z;
+    if (v.z > range.high) range.high = v.z;
+  });
+  return range;
+}
+
+// Also false for an area that is not a number: such a ring has no inside.
+bool has_area(double shoelace) {
+  return shoelace > 0.0 || shoelace < 0.0;
+}
+
+}  // namespace
+
+void Subject::build(const FencePolygon& fence, int dim, int count, const double* points) {
+  if (!restart_overflow()) throw std::bad_alloc();
+  FenceVertex* ring = or_throw(build_ring(points, count, dim));
+  const double sum = shoelace_sum(ring);
+  if (sum > 0.0) reverse_ring(ring);
+  if (!has_area(sum)) return;
+  // The first vertex stays the first when the ring is reversed.
+  const DepthRange depth = depth_of(ring);
+  if (depth.low > fence.extent.zmax || depth.high < fence.extent.zmin) return;
+  if (dim == 2 || fence.mode == CL_KEEP_OUTSIDE) return add_polygon(ring, dim);
+  for (FenceVertex* part : cut_to_depth(ring, fence.extent.zmin, fence.extent.zmax)) {
+    if (part == ring || has_area(shoelace_sum(part))) add_polygon(part, dim);
+  }
+}
+
+Subject::~Subject() {
+  for (FencePolygon* polygon : polygons_) give_probe(polygon->probe);
+}
+
+void Subject::add_polygon(FenceVertex* ring, int dim) {
+  FencePolygon* polygon = or_throw(take_header());
+  polygon->first = ring;
+  polygon->dim = dim;
+  polygon->clockwise = 1;
+  polygon->area = std::fabs(shoelace_sum(ring)) / 2.0;
+  prepare_ring(*polygon);
+  const DepthRange depth = depth_of(ring);
+  polygon->extent.zmin = depth.low;
+  polygon->extent.zmax = depth.high;
+  polygons_.push_back(polygon);
+  polygon->probe = or_throw(take_probe(polygon->extent));
+}
+
+}  // namespace Corvane::Print::clip

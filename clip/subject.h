@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The Corvane Print authors
+//
+// A polygon that is to be clipped, made into clockwise rings within the fence's depth range.
+#ifndef CORVANE_PRINT_CLIP_SUBJECT_H
+#define CORVANE_PRINT_CLIP_SUBJECT_H
+
+#include "clip/records.h"
+#include "platform/capi_memory.h"
+
+namespace Corvane::Print::clip {
+
+// The polygons that one subject turned into; gives their probe records back when it goes.
+class Subject {
+public:
+  Subject() = default;
+  ~Subject();
+  Subject(const Subject&) = delete;
+  Subject& operator=(const Subject&) = delete;
+
+  // Restarts the node pool. Throws std::bad_alloc; the records taken until then are given back all the same.
+  void build(const FencePolygon& fence, int dim, int count, const double* points);
+
+  auto begin() const { return polygons_.begin(); }
+  auto end() const { return polygons_.end(); }
+  bool empty() const { return polygons_.empty(); }
+
+private:
+  void add_polygon(FenceVertex* ring, int dim);
+
+  platform::CapiVector<FencePolygon*> polygons_;
+};
+
+}  // namespace Corvane::Print::clip
+
+#endif
