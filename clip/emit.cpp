@@ -17,16 +17,16 @@ namespace {
 
 // Writes one piece and returns the points it took. Where the rings are linked the subject's own point and z
 // are written. A vertex that was inserted for a mere touch is no corner of the piece and is left out.
-long long emit_piece(FenceVertex* start, long long most_steps, OutputRoom& room) {
+long long emit_piece(FenceVertex* start, long long most_steps, PieceSink& sink) {
   long long steps = 0;
   bool on_subject = true;
   FenceVertex* v = start;
-  room.begin_piece();
+  sink.begin_piece();
   do {
     const bool crossing = (v->marker2 & kCrossing) != 0;
     if (crossing || v->marker == kOriginal) {
       const FenceVertex& place = !on_subject && v->partner != nullptr ? *v->partner : *v;
-      room.point(place.x, place.y, place.z);
+      sink.point(place.x, place.y, place.z);
     }
     ++steps;
     v = v->next2;
@@ -37,23 +37,23 @@ long long emit_piece(FenceVertex* start, long long most_steps, OutputRoom& room)
       on_subject = !on_subject;
     }
   } while (v != start && steps < most_steps);
-  room.end_piece();
+  sink.end_piece();
   return steps;
 }
 
 }  // namespace
 
-void emit_ring(const FencePolygon& ring, OutputRoom& room) {
-  room.begin_piece();
-  for_each_vertex(ring.first, [&](const FenceVertex& v) { room.point(v.x, v.y, v.z); });
-  room.end_piece();
+void emit_ring(const FencePolygon& ring, PieceSink& sink) {
+  sink.begin_piece();
+  for_each_vertex(ring.first, [&](const FenceVertex& v) { sink.point(v.x, v.y, v.z); });
+  sink.end_piece();
 }
 
-void emit_pieces(const FencePolygon& subject, long long most_steps, OutputRoom& room) {
+void emit_pieces(const FencePolygon& subject, long long most_steps, PieceSink& sink) {
   FenceVertex* v = subject.start;
   do {
     const bool enters = (v->marker2 & kEntry) != 0 && (v->marker2 & kVisited) == 0;
-    if (enters && most_steps > 0) most_steps -= emit_piece(v, most_steps, room);
+    if (enters && most_steps > 0) most_steps -= emit_piece(v, most_steps, sink);
     v = v->next2;
   } while (v != subject.start);
 }

@@ -113,7 +113,10 @@ void RingLinker::pair(FenceVertex& on_fence, FenceVertex& on_subject, int number
 // A vertex that is linked already stays as it is, whatever further edge it meets.
 void RingLinker::connect(const Meeting& m, FenceVertex& e, FenceVertex& f, int number) {
   if (m.fence_vertex != nullptr && m.fence_vertex->partner != nullptr) return;
-  if (m.subject_vertex != nullptr && m.subject_vertex->partner != nullptr) return;
+  if (m.subject_vertex != nullptr && m.subject_vertex->partner != nullptr) {
+    contested_ = contested_ || linked_fence(*m.subject_vertex) != number;
+    return;
+  }
   FenceVertex* on_fence = m.fence_vertex;
   FenceVertex* on_subject = m.subject_vertex;
   if (on_subject == nullptr) {
@@ -143,6 +146,11 @@ void RingLinker::link_with(FencePolygon& fence, int number) {
 
 void RingLinker::finish() {
   thread(new_on_subject_);
+  for (std::size_t i = 0; i + 1 < new_on_subject_.size(); ++i) {
+    const FenceVertex &a = *new_on_subject_[i], &b = *new_on_subject_[i + 1];
+    const bool same_place = a.prev == b.prev && b.param - a.param <= a.tolerance;
+    if (same_place && linked_fence(a) != linked_fence(b)) contested_ = true;
+  }
 }
 
 VertexList linked_vertices(FencePolygon& ring) {

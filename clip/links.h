@@ -37,6 +37,9 @@ public:
   // Linked pairs of vertices.
   int links() const { return links_; }
 
+  // Whether two fence polygons meet the subject at one place; known after finish().
+  bool contested() const { return contested_; }
+
 private:
   void connect(const Meeting& m, FenceVertex& e, FenceVertex& f, int number);
   void pair(FenceVertex& on_fence, FenceVertex& on_subject, int number);
@@ -46,6 +49,7 @@ private:
   VertexList new_on_subject_;
   VertexList new_on_fence_;
   int links_ = 0;
+  bool contested_ = false;
 };
 
 // The vertices of a ring that are linked, in the order of the ring as it is walked, or (by_fence) first by

@@ -56,6 +56,14 @@ void Subject::build(const FencePolygon& fence, int dim, int count, const double*
   }
 }
 
+void Subject::add_piece(int count, const double* points) {
+  if (count < 1) return;
+  FenceVertex* ring = or_throw(build_ring(points, count, 3));
+  const double sum = shoelace_sum(ring);
+  if (sum > 0.0) reverse_ring(ring);
+  if (has_area(sum)) add_polygon(ring, 3);
+}
+
 Subject::~Subject() {
   for (FencePolygon* polygon : polygons_) give_probe(polygon->probe);
 }

@@ -21,6 +21,10 @@ public:
   // Restarts the node pool. Throws std::bad_alloc; the records taken until then are given back all the same.
   void build(const FencePolygon& fence, int dim, int count, const double* points);
 
+  // A ring of x, y, z that was cut from a subject; one without area is nothing. Throws std::bad_alloc.
+  void add_piece(int count, const double* points);
+
+  std::size_t size() const { return polygons_.size(); }
   auto begin() const { return polygons_.begin(); }
   auto end() const { return polygons_.end(); }
   bool empty() const { return polygons_.empty(); }

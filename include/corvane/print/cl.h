@@ -105,8 +105,8 @@ CORVANE_PRINT_API int CORVANE_PRINT_CALL CLinqFenceInfo(CLFenceHandle fence, int
 
 /* Grows the arrays of a clip memory to the requested counts. Where there is room enough already, the request is
  * raised to the capacity, so that a clip may use all of it.
- * Returns CL_OK; CL_NO_MEMORY, where the array that could not grow is gone (null, capacity 0); or
- * CL_BAD_ARGUMENT for null. */
+ * Returns CL_OK; CL_NO_MEMORY, where the array that could not grow is gone (released, null, capacity 0) while
+ * its request stands; or CL_BAD_ARGUMENT for null. */
 CORVANE_PRINT_API int CORVANE_PRINT_CALL CLreallocClpMem(CLclpMemType* mem);
 
 /* Copies the polygons of a fence as they are kept: cleaned of repeated points, running counter-clockwise in
@@ -135,7 +135,9 @@ CORVANE_PRINT_API int CORVANE_PRINT_CALL CLextractPolygons(CLFenceHandle fence, 
  *  - one point of the room is held back, because every point is written as three doubles; ask for one more
  *    than you need (the counts that CL_TOO_SMALL reports include it);
  *  - a rectangular fence in mode 2 reports a last piece of 0 points when the last piece was ended by a break or
- *    by leaving the rectangle; such a fence also takes points up to 0.001 outside for inside. */
+ *    by a segment outside the rectangle; such a fence also takes points up to 0.001 outside for inside, drops a
+ *    single point behind the last break, writes an input of one point twice, and asks for twice the input
+ *    points, of both kinds, whatever was short. */
 CORVANE_PRINT_API int CORVANE_PRINT_CALL CLclipLine(CLFenceHandle fence, int dim, int numPoints,
                                                     const double* points, int* numPieces, int* counts,
                                                     double* out, int* numOut);
@@ -167,18 +169,21 @@ CORVANE_PRINT_API int CORVANE_PRINT_CALL CLclipFences(CLFenceHandle clip, CLFenc
 
 /* Moves every edge of polygons outward by a distance (inward when negative); each vertex goes to where its two
  * moved edges meet, without a miter limit and without removing self-intersections.
- *   dim       doubles per point; z is copied
+ *   dim       doubles per point, 2 or 3; z is copied
  *   nPolys    entries; below 1 nothing is done
  *   counts    points of each entry. 2 points are opposite corners of an axis-parallel rectangle; any other
- *             number is a ring, open or closed (last point equal to the first)
- *   pts       the entries' points, one after the other
+ *             number is a ring, open or closed (last point equal to the first); below 1 there is no point
+ *   pts       the entries' points, one after the other; may be null when no entry has points
  *   distance  in the points' unit
- *   out       room for as many points as pts has; must not overlap pts
- * Returns CL_OK or CL_NO_MEMORY.
+ *   out       room for as many points as pts has; may be pts itself, but must not overlap it otherwise; may be
+ *             null when no entry has points
+ * Returns CL_OK; CL_NO_MEMORY, only with an entry of more than 254 points and with nothing written; or
+ * CL_BAD_ARGUMENT for another dim, for null, or for more points than the address space can hold.
  * Oddities, kept:
  *  - a rectangle does not advance the output position: the next entry is written over it, and only a
  *    rectangle that comes last keeps its result. Callers pass rectangles alone or last;
- *  - an open ring's direction is judged without its closing edge. */
+ *  - an open ring's direction is judged without its closing edge.
+ * A vertex on an edge without length stays where it is, and so does a single point. */
 CORVANE_PRINT_API int CORVANE_PRINT_CALL CLGrowPolygons(int dim, int nPolys, int* counts, double* pts,
                                                         double distance, double* out);
 

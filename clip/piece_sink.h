@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The Corvane Print authors
+//
+// Where pieces go, point by point: the caller's arrays (output_room), or a list that is clipped further.
+#ifndef CORVANE_PRINT_CLIP_PIECE_SINK_H
+#define CORVANE_PRINT_CLIP_PIECE_SINK_H
+
+namespace Corvane::Print::clip {
+
+class PieceSink {
+public:
+  virtual void begin_piece() = 0;
+  virtual void point(double x, double y, double z) = 0;
+  virtual void end_piece() = 0;
+
+protected:
+  ~PieceSink() = default;
+};
+
+}  // namespace Corvane::Print::clip
+
+#endif
