@@ -15,18 +15,19 @@
 namespace Corvane::Print::clip {
 namespace {
 
-// Writes one piece and returns the points it took. Where the rings are linked the subject's own point and z
-// are written. A vertex that was inserted for a mere touch is no corner of the piece and is left out.
+// Writes one piece and returns the steps it took.
 long long emit_piece(FenceVertex* start, long long most_steps, PieceSink& sink) {
   long long steps = 0;
   bool on_subject = true;
   FenceVertex* v = start;
   sink.begin_piece();
   do {
-    const bool crossing = (v->marker2 & kCrossing) != 0;
-    if (crossing || v->marker == kOriginal) {
-      const FenceVertex& place = !on_subject && v->partner != nullptr ? *v->partner : *v;
+    // Where the rings are linked the subject's own point and z are written.
+    const FenceVertex& place = !on_subject && v->partner != nullptr ? *v->partner : *v;
+    if ((v->marker2 & kCrossing) != 0 || v->marker == kOriginal) {
       sink.point(place.x, place.y, place.z);
+    } else {
+      sink.touch(place.x, place.y, place.z);
     }
     ++steps;
     v = v->next2;

@@ -10,6 +10,7 @@
 #include "clip/keep.h"
 #include "clip/links.h"
 #include "clip/ring.h"
+#include "clip/simple_loops.h"
 #include "clip/subject.h"
 #include "clip/verdict.h"
 
@@ -93,17 +94,19 @@ void emit_outlines(const FenceRange& fence, FencePolygon& subject, int links, Pi
   emit_pieces(subject, fence.total_points + subject.vertexCount + 2LL * links, sink);
 }
 
-// Collects pieces as further subjects.
+// Collects pieces as further subjects. A piece that touches itself comes apart there: links are told from one
+// another by their place, so a subject may pass each place but once.
 class NextSubjects final : public PieceSink {
 public:
   explicit NextSubjects(Subject& subjects) : subjects_(subjects) {}
-  void begin_piece() override { points_.clear(); }
-  void point(double x, double y, double z) override { points_.insert(points_.end(), {x, y, z}); }
-  void end_piece() override { subjects_.add_piece(static_cast<int>(points_.size() / 3), points_.data()); }
+  void begin_piece() override { ring_.clear(); }
+  void point(double x, double y, double z) override { ring_.push_back({x, y, z}); }
+  void touch(double x, double y, double z) override { ring_.push_back({x, y, z}); }
+  void end_piece() override { subjects_.add_pieces(simple_loops(ring_)); }
 
 private:
   Subject& subjects_;
-  platform::CapiVector<double> points_;
+  platform::CapiVector<LinePoint> ring_;
 };
 
 void take_off_one(FencePolygon& f, long long total_points, FencePolygon& subject, ClipExtent& limit,

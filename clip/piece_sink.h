@@ -13,6 +13,9 @@ public:
   virtual void point(double x, double y, double z) = 0;
   virtual void end_piece() = 0;
 
+  // A place on the piece's outline where the other ring touches it, and which is no corner of it.
+  virtual void touch(double /*x*/, double /*y*/, double /*z*/) {}
+
 protected:
   ~PieceSink() = default;
 };

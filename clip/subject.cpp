@@ -56,12 +56,13 @@ void Subject::build(const FencePolygon& fence, int dim, int count, const double*
   }
 }
 
-void Subject::add_piece(int count, const double* points) {
-  if (count < 1) return;
-  FenceVertex* ring = or_throw(build_ring(points, count, 3));
-  const double sum = shoelace_sum(ring);
-  if (sum > 0.0) reverse_ring(ring);
-  if (has_area(sum)) add_polygon(ring, 3);
+void Subject::add_pieces(const Polylines& rings) {
+  static_assert(sizeof(LinePoint) == 3 * sizeof(double));
+  std::size_t begin = 0;
+  for (const std::size_t end : rings.ends) {
+    add_polygon(or_throw(build_ring(&rings.points[begin].x, static_cast<int>(end - begin), 3)), 3);
+    begin = end;
+  }
 }
 
 Subject::~Subject() {

@@ -5,6 +5,7 @@
 #ifndef CORVANE_PRINT_CLIP_SUBJECT_H
 #define CORVANE_PRINT_CLIP_SUBJECT_H
 
+#include "clip/polyline.h"
 #include "clip/records.h"
 #include "platform/capi_memory.h"
 
@@ -21,8 +22,8 @@ public:
   // Restarts the node pool. Throws std::bad_alloc; the records taken until then are given back all the same.
   void build(const FencePolygon& fence, int dim, int count, const double* points);
 
-  // A ring of x, y, z that was cut from a subject; one without area is nothing. Throws std::bad_alloc.
-  void add_piece(int count, const double* points);
+  // Clockwise rings with an area that were cut from a subject. Throws std::bad_alloc.
+  void add_pieces(const Polylines& rings);
 
   std::size_t size() const { return polygons_.size(); }
   auto begin() const { return polygons_.begin(); }
