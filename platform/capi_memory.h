@@ -26,6 +26,13 @@ void* capi_alloc_array(std::size_t count, std::size_t size) noexcept;
 // succeed. Returns how many requests were made since the previous call.
 long capi_fail_after(long successes) noexcept;
 
+// For tests: the same, but a single request fails and all later ones succeed again.
+long capi_fail_once_after(long successes) noexcept;
+
+// For tests: how many blocks were given out and have not come back. Blocks that a caller released with the
+// general heap still count.
+long capi_blocks_out() noexcept;
+
 // A standard allocator over the door above; throws std::bad_alloc, which the exported functions catch.
 template <class T>
 struct CapiAllocator {

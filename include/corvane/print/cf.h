@@ -34,8 +34,9 @@ namespace Print {
  *   capacity  the room in BYTES
  * Returns the number of BYTES that the value needs with its 16-bit terminator (2n + 2 for n characters), and
  * writes the value only when that number does not exceed the capacity; the library then asks once more with
- * exactly that capacity. Returns 0 when the variable is undefined or empty. May throw: any exception, of
- * whichever compiler's making, counts as 0. */
+ * exactly that capacity, takes the buffer as the value and does not look at the second number. Returns 0 when
+ * the variable is undefined or empty. May throw: any exception, of whichever compiler's making, counts as 0;
+ * so does a structured exception on Windows. */
 typedef int(CORVANE_PRINT_CALL* CFGetEnvVarCallback)(const CPWChar* name, CPWChar* buffer, int capacity);
 
 /* Installs the host's lookup; null brings the environment back. The pointer must stay callable until it is

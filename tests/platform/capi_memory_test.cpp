@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The Corvane Print authors
+#include "platform/capi_memory.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <limits>
+#include <new>
+
+namespace Corvane::Print::platform {
+namespace {
+
+TEST(CapiMemory, BlocksCanBeWrittenFromEndToEnd) {
+  void* block = capi_alloc(1000);
+  ASSERT_NE(block, nullptr);
+  std::memset(block, 1, 1000);
+  block = capi_realloc(block, 5000);
+  ASSERT_NE(block, nullptr);
+  EXPECT_EQ(static_cast<char*>(block)[999], 1);
+  std::memset(block, 2, 5000);
+  capi_free(block);
+}
+
+TEST(CapiMemory, EmptyBlocksAreBlocks) {
+  void* block = capi_alloc(0);
+  EXPECT_NE(block, nullptr);
+  block = capi_realloc(block, 0);
+  EXPECT_NE(block, nullptr);
+  capi_free(block);
+  capi_free(nullptr);
+}
+
+TEST(CapiMemory, AnArrayBeyondTheAddressSpaceIsRefused) {
+  EXPECT_EQ(capi_alloc_array(std::numeric_limits<std::size_t>::max() / 2, 3), nullptr);
+  void* block = capi_alloc_array(10, 8);
+  EXPECT_NE(block, nullptr);
+  capi_free(block);
+}
+
+TEST(CapiMemory, RequestsFailFromThePlannedOneOn) {
+  capi_fail_after(1);
+  void* first = capi_alloc(10);
+  EXPECT_NE(first, nullptr);
+  EXPECT_EQ(capi_alloc(10), nullptr);
+  EXPECT_EQ(capi_realloc(first, 20), nullptr);  // the old block is still there
+  EXPECT_EQ(capi_fail_after(-1), 3);
+  first = capi_realloc(first, 20);
+  EXPECT_NE(first, nullptr);
+  capi_free(first);
+}
+
+TEST(CapiMemory, ASingleRequestMayFail) {
+  capi_fail_once_after(1);
+  void* first = capi_alloc(10);
+  EXPECT_NE(first, nullptr);
+  EXPECT_EQ(capi_alloc(10), nullptr);
+  void* third = capi_alloc(10);
+  EXPECT_NE(third, nullptr);
+  EXPECT_EQ(capi_fail_after(-1), 3);
+  capi_free(first);
+  capi_free(third);
+}
+
+TEST(CapiMemory, BlocksOutAreCounted) {
+  const long before = capi_blocks_out();
+  void* first = capi_alloc(10);
+  void* second = capi_realloc(nullptr, 10);
+  EXPECT_EQ(capi_blocks_out(), before + 2);
+  first = capi_realloc(first, 1000);
+  EXPECT_EQ(capi_blocks_out(), before + 2);
+  capi_free(first);
+  capi_free(second);
+  capi_free(nullptr);
+  EXPECT_EQ(capi_blocks_out(), before);
+  capi_fail_after(0);
+  EXPECT_EQ(capi_alloc(10), nullptr);
+  capi_fail_after(-1);
+  EXPECT_EQ(capi_blocks_out(), before);
+}
+
+TEST(CapiMemory, AVectorReportsThatMemoryRanOut) {
+  CapiVector<int> numbers;
+  capi_fail_after(0);
+  EXPECT_THROW(numbers.push_back(1), std::bad_alloc);
+  capi_fail_after(-1);
+  numbers.push_back(1);
+  EXPECT_EQ(numbers.back(), 1);
+}
+
+}  // namespace
+}  // namespace Corvane::Print::platform
