@@ -52,6 +52,14 @@ const FenceVertex* first_edge_of_cast(const FencePolygon& polygon, double x) {
   return v;
 }
 
+// Whether the ray crosses through the end of an edge: the edge that starts there must not count it again. The
+// cast asks this of its last edge before it tests its first.
+bool passes_end_of(const FenceVertex& edge, const ProbeRecord& ray, const FenceVertex& probe) {
+  bool through_vertex = false, at_start = false;
+  edge_meets_ray(edge, ray, probe, through_vertex, at_start);
+  return through_vertex && !at_start;
+}
+
 }  // namespace
 
 RayAnswer edge_meets_ray(const FenceVertex& e, const ProbeRecord& ray, const FenceVertex& p, bool& skip_next,
@@ -77,20 +85,17 @@ bool probe_is_inside(const FenceVertex& probe, FencePolygon& polygon) {
   ray.y = probe.y;
   const FenceVertex* const first = first_edge_of_cast(polygon, probe.x);
   int count = 0;
-  bool skip = false;
+  bool skip = passes_end_of(*first->prev, ray, probe);
   const FenceVertex* e = first;
   do {
     bool skip_next = false, at_start = false;
     if (!skip) {
       const RayAnswer answer = edge_meets_ray(*e, ray, probe, skip_next, at_start);
       if (answer == kOnEdge) return true;
-      // A crossing through the first vertex of the cast belongs to the edge that ends there, which comes
-      // last; counting it here too would count it twice.
-      const bool left_to_last_edge = at_start && e == first;
-      if (left_to_last_edge) skip_next = false;
-      if (answer == kCross && !left_to_last_edge) ++count;
+      if (answer == kCross) ++count;
     }
-    skip = skip_next;
+    // Through an edge's start the ray does not touch the edge behind it.
+    skip = skip_next && !at_start;
     e = e->next;
   } while (e != first);
   return count % 2 == 1;

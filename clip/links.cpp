@@ -64,34 +64,24 @@ void thread(VertexList& inserted) {
   }
 }
 
-struct Point {
-  double x, y;
-};
-
-// The middle of the longest stretch between two links, as the point that speaks for the part.
-Point middle_of_part(const FenceVertex* from, const FenceVertex* to) {
-  Point middle{from->x, from->y};
-  double longest = -1.0;
-  const FenceVertex* v = from;
-  do {
-    const FenceVertex* end = v->next2;
-    const double dx = end->x - v->x, dy = end->y - v->y;
-    const double squared = dx * dx + dy * dy;
-    if (squared > longest) {
-      longest = squared;
-      middle = {v->x + dx / 2.0, v->y + dy / 2.0};
-    }
-    v = end;
-  } while (v != to);
-  return middle;
+// Between two links that follow one another on both rings there is nothing but one straight edge of each.
+bool share_an_edge(const FenceVertex* from, const FenceVertex* to) {
+  const FenceVertex *other_from = from->partner, *other_to = to->partner;
+  return from->next2 == to && (other_from->next2 == other_to || other_to->next2 == other_from);
 }
 
 Side side_of_part(const FenceVertex* from, const FenceVertex* to, const FenceVertex* other, bool clockwise) {
   const Side side = agreed_side(side_of(leaving(*from), *from->partner, clockwise),
                                 side_of(arriving(*to).reversed(), *to->partner, clockwise));
-  if (side != Side::kUnknown) return side;
-  const Point middle = middle_of_part(from, to);
-  return encloses(other, middle.x, middle.y) ? Side::kInside : Side::kOutside;
+  const bool settled = side == Side::kAlong ? share_an_edge(from, to) : side != Side::kUnknown;
+  if (settled) return side;
+  Witness witness(other);
+  const FenceVertex* v = from;
+  do {
+    witness.add_stretch(v->x, v->y, v->next2->x, v->next2->y);
+    v = v->next2;
+  } while (v != to);
+  return witness.side();
 }
 
 void mark_pair(FenceVertex& on_subject, int bits) {

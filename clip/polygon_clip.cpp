@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The Corvane Print authors
 //
-// The driver: a subject goes through building (subject), linking (links), the inside test (contain) and
-// emission (emit). A fence that keeps its inside is worked through polygon by polygon, each for itself; one
-// that keeps its outside is worked through with all its polygons linked at once, so that every piece and
-// every hole is written once.
+// The driver: a subject is built (subject), then kept inside or outside the fence (keep_inside, keep_outside),
+// which link it with the fence (links), ask who lies inside whom (verdict) and write the pieces (emit).
 //
-// State: the working fields of the fence's headers and vertices, reset before each use.
+// No state of its own.
 #include "clip/polygon_clip.h"
 
 #include "clip/keep.h"
@@ -14,7 +12,6 @@
 #include "clip/ring.h"
 #include "clip/subject.h"
 
-#include <limits>
 #include <new>
 
 namespace Corvane::Print::clip {
@@ -27,9 +24,8 @@ bool lacks_room(const double* points, const int* num_pieces, const int* counts, 
 }
 
 int suggest_room(int num_points, int* num_pieces, int* num_out) {
-  constexpr int kMost = std::numeric_limits<int>::max();
   if (*num_pieces <= 0) *num_pieces = num_points;
-  if (*num_out <= 0) *num_out = num_points > kMost / 2 ? kMost : 2 * num_points;
+  if (*num_out <= 0) *num_out = 2 * num_points;
   return CL_TOO_SMALL;
 }
 

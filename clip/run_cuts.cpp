@@ -87,37 +87,21 @@ Direction arriving_at_cut(const Cut& cut) {
   return {edge->dx, edge->dy};
 }
 
-// The middle of the longest stretch between two places on a run speaks for all of it.
-class Middle {
-public:
-  void add(double x0, double y0, double x1, double y1) {
-    const double dx = x1 - x0, dy = y1 - y0;
-    if (!(dx * dx + dy * dy > longest_)) return;
-    longest_ = dx * dx + dy * dy;
-    x = x0 + dx / 2.0;
-    y = y0 + dy / 2.0;
-  }
-  double x = 0.0, y = 0.0;
-
-private:
-  double longest_ = -1.0;
-};
-
-// Follows the run from one place to another; null stands for the run's start and end.
-Middle middle_between(const Run& run, const Cut* from, const Cut* to) {
-  Middle middle;
+// Follows the run from one cut to another; null stands for the run's start and end.
+Witness witness_between(const Run& run, const Cut* from, const Cut* to, const FencePolygon& fence) {
+  Witness witness(fence.first);
   const FenceVertex* v = from != nullptr ? from->edge : run.first;
   double x = from != nullptr ? from->point.x : v->x;
   double y = from != nullptr ? from->point.y : v->y;
   const FenceVertex* last = to != nullptr ? to->edge : run.first->prev;
   while (v != last) {
     v = v->next;
-    middle.add(x, y, v->x, v->y);
+    witness.add_stretch(x, y, v->x, v->y);
     x = v->x;
     y = v->y;
   }
-  if (to != nullptr) middle.add(x, y, to->point.x, to->point.y);
-  return middle;
+  if (to != nullptr) witness.add_stretch(x, y, to->point.x, to->point.y);
+  return witness;
 }
 
 bool inside_between(const Run& run, const Cut* from, const Cut* to, const FencePolygon& fence) {
@@ -127,9 +111,8 @@ bool inside_between(const Run& run, const Cut* from, const Cut* to, const FenceP
   const Side at_end =
       to != nullptr ? side_of(arriving_at_cut(*to).reversed(), *to->fence, clockwise) : Side::kUnknown;
   const Side side = agreed_side(at_start, at_end);
-  if (side != Side::kUnknown) return side != Side::kOutside;
-  const Middle middle = middle_between(run, from, to);
-  return encloses(fence.first, middle.x, middle.y);
+  if (side == Side::kInside || side == Side::kOutside) return side == Side::kInside;
+  return witness_between(run, from, to, fence).side() != Side::kOutside;
 }
 
 }  // namespace

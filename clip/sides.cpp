@@ -24,6 +24,16 @@ bool has_length(Direction d) {
   return d.dx != 0.0 || d.dy != 0.0;
 }
 
+// The square of the distance from a point to an edge.
+double distance_squared(const FenceVertex& edge, double x, double y) {
+  const double ex = edge.next->x - edge.x, ey = edge.next->y - edge.y;
+  const double squared = ex * ex + ey * ey;
+  double t = squared > 0.0 ? ((x - edge.x) * ex + (y - edge.y) * ey) / squared : 0.0;
+  t = std::clamp(t, 0.0, 1.0);
+  const double dx = edge.x + t * ex - x, dy = edge.y + t * ey - y;
+  return dx * dx + dy * dy;
+}
+
 double reach(Direction d) {
   return std::max(std::fabs(d.dx), std::fabs(d.dy));
 }
@@ -73,8 +83,11 @@ Side side_of(Direction d, const FenceVertex& at, bool clockwise) {
 }
 
 Side agreed_side(Side at_start, Side at_end) {
+  const auto tells_nothing = [](Side s) { return s == Side::kUnknown || s == Side::kAlong; };
+  if (at_start == at_end || at_end == Side::kUnknown) return at_start;
   if (at_start == Side::kUnknown) return at_end;
-  if (at_end == Side::kUnknown || at_start == at_end) return at_start;
+  if (tells_nothing(at_start)) return at_end;
+  if (tells_nothing(at_end)) return at_start;
   return Side::kUnknown;
 }
 
@@ -87,6 +100,29 @@ bool encloses(const FenceVertex* first, double x, double y) {
     if (end.y > v.y ? side > 0.0 : side < 0.0) inside = !inside;
   });
   return inside;
+}
+
+void Witness::add_stretch(double x0, double y0, double x1, double y1) {
+  if (started_) consider(x0, y0);
+  started_ = true;
+  consider(x0 + (x1 - x0) / 2.0, y0 + (y1 - y0) / 2.0);
+}
+
+void Witness::consider(double x, double y) {
+  double clearance = kLargest;
+  for_each_vertex(ring_, [&](const FenceVertex& edge) {
+    const double squared = distance_squared(edge, x, y);
+    if (squared < clearance) clearance = squared;
+  });
+  if (!(clearance > clearance_)) return;
+  clearance_ = clearance;
+  x_ = x;
+  y_ = y;
+}
+
+Side Witness::side() const {
+  if (clearance_ <= kSamePlace * kSamePlace) return Side::kAlong;
+  return encloses(ring_, x_, y_) ? Side::kInside : Side::kOutside;
 }
 
 }  // namespace Corvane::Print::clip

@@ -27,11 +27,31 @@ Direction arriving(const FenceVertex& v);
 // direction. Unknown for a direction of no length.
 Side side_of(Direction d, const FenceVertex& at, bool clockwise);
 
-// The side of a line between two links, from what is seen at its two ends; unknown when they disagree.
+// The side of a line between two links, from what is seen at its two ends; unknown when they disagree. A line
+// that only starts or ends along the ring is on the side where it goes.
 Side agreed_side(Side at_start, Side at_end);
 
 // Whether a point lies inside the ring through `first`, by the even-odd rule, without tolerance.
 bool encloses(const FenceVertex* first, double x, double y);
+
+// Judges a line whose ends do not settle it by the point of it that lies farthest from the ring. A line that
+// nowhere leaves the ring by more than the distance within which points are one runs along it.
+class Witness {
+public:
+  explicit Witness(const FenceVertex* ring) : ring_(ring) {}
+
+  // The next stretch of the line, from the end of the one before.
+  void add_stretch(double x0, double y0, double x1, double y1);
+  Side side() const;
+
+private:
+  void consider(double x, double y);
+
+  const FenceVertex* ring_;
+  double clearance_ = -1.0;  // squared
+  double x_ = 0.0, y_ = 0.0;
+  bool started_ = false;
+};
 
 }  // namespace Corvane::Print::clip
 
