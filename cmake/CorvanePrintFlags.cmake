@@ -15,6 +15,19 @@ if(CORVANE_PRINT_SANITIZE)
   add_link_options(-fsanitize=${CORVANE_PRINT_SANITIZE})
 endif()
 
+# Everything that a fuzzer drives is compiled so that it sees which branches were taken.
+if(CORVANE_PRINT_BUILD_FUZZERS)
+  if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    message(FATAL_ERROR "CORVANE_PRINT_BUILD_FUZZERS needs clang: its libFuzzer is linked in")
+  endif()
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
+# Windows programs and the DLL need nothing beyond the system's own libraries at run time.
+if(MINGW)
+  add_link_options(-static -static-libgcc -static-libstdc++)
+endif()
+
 # Also for the test framework and whatever else is built here: a mix of the two arithmetics on 32-bit x86
 # would make results depend on which of them computed a value.
 add_compile_options(-ffp-contract=off)

@@ -5,6 +5,7 @@
 option(CORVANE_PRINT_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
 option(CORVANE_PRINT_BUILD_TOOLS "Build plotclip" ${PROJECT_IS_TOP_LEVEL})
 option(CORVANE_PRINT_BUILD_FUZZERS "Build the libFuzzer targets (clang only)" OFF)
+option(CORVANE_PRINT_REQUIRE_ALL "Missing tools of the tests are an error instead of leaving tests out" OFF)
 option(CORVANE_PRINT_WARNINGS_AS_ERRORS "Treat warnings as errors" ${PROJECT_IS_TOP_LEVEL})
 set(CORVANE_PRINT_SANITIZE "" CACHE STRING "Sanitizers, as for -fsanitize=, for everything that is built")
 

@@ -1,0 +1,29 @@
+# SPDX-License-Identifier: MIT
+# Copyright (c) 2026 The Corvane Print authors
+#
+# corvane_print_test_program(NAME): a test executable with the common main program, known to ctest and listed in
+# test-programs.txt of the build folder, from which the check script takes what it has to run. Sources are
+# added with target_sources. What the program links decides what it sees: corvane_print_objects for tests that
+# reach internals, corvane_print for tests that stand where a host stands.
+function(corvane_print_test_program name)
+  add_executable(${name} ${PROJECT_SOURCE_DIR}/tests/support/test_main.cpp)
+  corvane_print_compile(${name})
+  target_compile_definitions(${name} PRIVATE CORVANE_TEST_PROGRAM="${name}")
+  target_link_libraries(${name} PRIVATE gtest)
+  add_test(NAME ${name} COMMAND ${name})
+  set_property(GLOBAL APPEND PROPERTY CORVANE_PRINT_TEST_PROGRAMS ${name})
+endfunction()
+
+# corvane_print_test_internals(NAME): the program is linked with the library's objects and sees its internals.
+function(corvane_print_test_internals name)
+  target_compile_definitions(${name} PRIVATE CORVANE_PRINT_STATIC)
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PRIVATE corvane_print_objects ${CMAKE_DL_LIBS})
+endfunction()
+
+# corvane_print_list_test_programs(): writes test-programs.txt; called once, when all of them are known.
+function(corvane_print_list_test_programs)
+  get_property(programs GLOBAL PROPERTY CORVANE_PRINT_TEST_PROGRAMS)
+  list(JOIN programs "\n" lines)
+  file(WRITE ${PROJECT_BINARY_DIR}/test-programs.txt "${lines}\n")
+endfunction()
