@@ -1,0 +1,1 @@
+DI0,1;SI0.2,0.3;LBtext; PD1,1DT#,1;LBother#DT;SM*;PD1,1;WDxCO"a;b";XX1,2;

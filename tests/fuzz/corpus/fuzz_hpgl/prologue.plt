@@ -1,0 +1,3 @@
+%-12345X@PJL SET A=B
+@PJL ENTER LANGUAGE=HPGL2
+E*b5Wabcde%0Atext%0BBP5,1,"T";IN.I81;;17:.N;19:.Y;PD4,4;.Z
