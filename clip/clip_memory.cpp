@@ -28,7 +28,9 @@ void* resize(void* block, int entries, std::size_t entry_bytes) {
   return platform::capi_realloc(block, static_cast<std::size_t>(bytes));
 }
 
-// A request below the capacity is raised to it, so that the caller sees all the room there is.
+// KEEP(request-raised): a request below the capacity is raised to it.
+// Looks wrong; callers hand the request on as the clip's room and so use all there is.
+// Pinned by ClipMemory.SmallerRequestIsRaisedToTheCapacity.
 template <class T>
 int fit(int* request, int* capacity, T** array, std::size_t entry_bytes) {
   *capacity = std::max(*capacity, 0);

@@ -38,6 +38,9 @@ void orient(FencePolygon& polygon) {
 }
 
 // Null when memory for its probe record ran out.
+// KEEP(fence-drops-polygon): the polygon is then left out, and the fence is built of the others.
+// Looks wrong; a plot with a wider cut goes on, and a fence fails only when nothing of it is left.
+// Pinned by Fence.APolygonWithoutMemoryForItsProbeIsDropped.
 FencePolygon* build_polygon(int dim, int count, const double* points, double z_low, double z_high, int mode) {
   FencePolygon* polygon = take_header();
   polygon->first = build_ring(points, count, dim);
@@ -53,6 +56,9 @@ FencePolygon* build_polygon(int dim, int count, const double* points, double z_l
 
 }  // namespace
 
+// KEEP(rectangle-by-rounding): corners up to half a unit off count as a rectangle, whose lines are then
+// clipped by the ring's extent. Looks wrong; drawings carry rounded frames, and hosts count on the fast
+// clipper for them. Pinned by Fence.FourPointsThatRoundToARectangleCountAsOne.
 bool is_rectangle(int count, const double* points, int dim) {
   if (count != 4 && count != 5) return false;
   double x[5], y[5];
@@ -73,7 +79,8 @@ bool is_rectangle(int count, const double* points, int dim) {
 }
 
 // KEEP(corner-rectangle-winding): the 3-D ring runs against the 2-D one and drops the second corner's z.
-// Looks wrong; hosts read the extracted corners in these orders. Pinned by Fence.TwoCornersBecomeARing.
+// Looks wrong; the fence turns every ring its own way afterwards, and hosts put the depth's two bounds into
+// the corners' z. Pinned by Fence.TwoCornersBecomeARing.
 void rectangle_from_corners(const double* corners, int dim, double ring[15]) {
   const double x0 = corners[0], y0 = corners[1], x1 = corners[dim], y1 = corners[dim + 1];
   if (dim == 2) {

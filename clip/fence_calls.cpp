@@ -108,6 +108,8 @@ int CORVANE_PRINT_CALL CLdefFence(CLFenceHandle* fence, int dim, int numPolys, i
   if (corners) rectangle_from_corners(points, dim, ring);
   FencePolygon* built = corners ? build_fence(dim, 1, &five, ring, five, zLow, zHigh, mode)
                                 : build_fence(dim, numPolys, counts, points, total, zLow, zHigh, mode);
+  // KEEP(fence-no-memory): running out of memory is reported as a bad argument.
+  // Looks wrong; callers know only these two results of a definition. Pinned by Fence.NoMemoryIsABadArgument.
   if (built == nullptr) return CL_BAD_ARGUMENT;
   const bool rectangular = corners || (numPolys == 1 && is_rectangle(counts[0], points, dim));
   if (corners) counts[0] = five;

@@ -55,6 +55,9 @@ ProbeRecord* take_probe(const ClipExtent& extent) {
   return probe;
 }
 
+// KEEP(probes-stay): the memory of a record is never returned to the heap.
+// Looks wrong; hosts look at the probe of a fence that they have just released.
+// Pinned by Probe.ARecordGivenBackIsTheNextOneTaken.
 void give_probe(ProbeRecord* probe) {
   if (probe == nullptr) return;
   probe->next = g_free_probes;
