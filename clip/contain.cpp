@@ -30,6 +30,16 @@ RayAnswer vertex_meets_ray(const FenceVertex& v, const ProbeRecord& ray, bool& s
 
 // The edge is parallel to the ray: it matters only when the probe lies on its line, and then whether the
 // probe, or the vertex after it, touches the edge or the two lie on either side of it.
+//
+// KEEP(ray-parallel-limit): "on the line" is a cross product of at most 0.05, whatever the edge's length.
+// Looks wrong; verdicts on rings of short edges hang on it. Pinned by
+// Contain.AProbeWithinTheParallelLimitCountsAsOnTheLine and
+// Contain.ANeighbourWithinTheParallelLimitLiesOnTheLine.
+//
+// KEEP(ray-next-vertex): the vertex after the probe counts by its x alone, wherever it lies, and on an
+// upright edge neither counts. Looks wrong; it only matters for a ray along an edge, and verdicts there must
+// not change. Pinned by Contain.OnAParallelEdgesLineTheProbesNextVertexCountsByItsXAlone and
+// Contain.AParallelEdgeWithoutWidthIsMissedEvenByAProbeOnIt.
 RayAnswer parallel_edge_meets_ray(const FenceVertex& e, const FenceVertex& p) {
   if (std::fabs((p.x - e.x) * e.dy - (p.y - e.y) * e.dx) > kParallel) return kMiss;
   double here = kLargest, there = kLargest;
@@ -91,6 +101,9 @@ bool probe_is_inside(const FenceVertex& probe, FencePolygon& polygon) {
     bool skip_next = false, at_start = false;
     if (!skip) {
       const RayAnswer answer = edge_meets_ray(*e, ray, probe, skip_next, at_start);
+      // KEEP(on-edge-is-inside): whatever was counted before, the outline belongs to the inside.
+      // Looks wrong; rings that touch from within are kept by it. Pinned by
+      // Contain.AProbeOnAnEdgeIsInsideWhateverWasCountedBefore.
       if (answer == kOnEdge) return true;
       if (answer == kCross) ++count;
     }

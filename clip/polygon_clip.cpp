@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The Corvane Print authors
 //
-// The driver: a subject is built (subject), then kept inside or outside the fence (keep_inside, keep_outside),
-// which link it with the fence (links), ask who lies inside whom (verdict) and write the pieces (emit).
+// The driver: a subject is built (subject), then kept inside or outside the fence (keep_inside,
+// keep_outside), which link it with the fence (links), ask who lies inside whom (verdict) and write the
+// pieces (emit).
 //
 // No state of its own.
 #include "clip/polygon_clip.h"
@@ -18,6 +19,11 @@ namespace Corvane::Print::clip {
 namespace {
 
 // A call without room learns a first size to allocate.
+//
+// KEEP(room-before-arguments): this is asked before the fence, the dimension and the count are looked at, and
+// a missing array counts as a lack of room. Looks wrong; callers start with nothing allocated. Pinned by
+// PolygonClip.TheCheckForRoomComesBeforeTheOtherArguments and
+// PolygonClip.NoRoomAsksForAsManyPiecesAsPointsAndTwiceThePoints.
 bool lacks_room(const double* points, const int* num_pieces, const int* counts, const double* out,
                 const int* num_out) {
   return points == nullptr || counts == nullptr || out == nullptr || *num_pieces < 1 || *num_out < 1;

@@ -6,6 +6,7 @@
 #include "clip/simple_loops.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <numeric>
 
@@ -14,17 +15,25 @@ namespace {
 
 using Indices = platform::CapiVector<std::size_t>;
 
-// For each point the number of its place: equal for points at the same x and y.
+// Numbers first, in ascending order: sorting needs an order of everything.
+bool precedes(double a, double b) {
+  return a < b || (std::isnan(b) && !std::isnan(a));
+}
+
+// For each point the number of its place, from 1: equal for points at the same x and y, in ascending order.
 Indices number_places(const platform::CapiVector<LinePoint>& ring) {
   Indices order(ring.size()), places(ring.size());
   std::iota(order.begin(), order.end(), std::size_t{0});
   std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
-    return ring[a].x != ring[b].x ? ring[a].x < ring[b].x : ring[a].y < ring[b].y;
+    if (precedes(ring[a].x, ring[b].x)) return true;
+    return !precedes(ring[b].x, ring[a].x) && precedes(ring[a].y, ring[b].y);
   });
-  std::size_t place = 0;
+  std::size_t place = 1;
   for (std::size_t i = 0; i < order.size(); ++i) {
-    const LinePoint &p = ring[order[i]], &before = ring[order[i > 0 ? i - 1 : 0]];
-    if (p.x != before.x || p.y != before.y) ++place;
+    if (i > 0) {
+      const LinePoint &p = ring[order[i]], &before = ring[order[i - 1]];
+      if (p.x != before.x || p.y != before.y) ++place;
+    }
     places[order[i]] = place;
   }
   return places;
@@ -37,6 +46,26 @@ double shoelace_sum(const LinePoint* points, std::size_t count) {
     sum += a.x * b.y - a.y * b.x;
   }
   return sum;
+}
+
+double turn(const LinePoint& p, const LinePoint& a, const LinePoint& b) {
+  return (a.x - p.x) * (b.y - p.y) - (a.y - p.y) * (b.x - p.x);
+}
+
+// Where to start, so that no hole comes before the outline that it touches: at the least place, which is on
+// the outline. When a hole touches the outline there, the hole's way leads off to the right of the outline's.
+// A ring without repeated places keeps its start.
+std::size_t start_on_outline(const platform::CapiVector<LinePoint>& ring, const Indices& places) {
+  const std::size_t n = ring.size();
+  const auto most = std::max_element(places.begin(), places.end());
+  if (most == places.end() || *most == n) return 0;
+  std::size_t start =
+      static_cast<std::size_t>(std::min_element(places.begin(), places.end()) - places.begin());
+  for (std::size_t i = start + 1; i < n; ++i) {
+    if (places[i] != places[start]) continue;
+    if (turn(ring[i], ring[(i + 1) % n], ring[(start + 1) % n]) > 0.0) start = i;
+  }
+  return start;
 }
 
 void append_ring(Polylines& rings, const LinePoint* points, std::size_t count) {
@@ -52,14 +81,16 @@ Polylines simple_loops(const platform::CapiVector<LinePoint>& ring) {
   Indices depth_of_place(ring.size() + 1, kNotThere), place_at_depth;
   platform::CapiVector<LinePoint> stack;
   Polylines rings;
-  for (std::size_t i = 0; i < ring.size(); ++i) {
+  const std::size_t start = start_on_outline(ring, places);
+  for (std::size_t k = 0; k < ring.size(); ++k) {
+    const std::size_t i = (start + k) % ring.size();
     const std::size_t depth = depth_of_place[places[i]];
     if (depth != kNotThere) {
       const std::size_t count = stack.size() - depth;
       const double sum = shoelace_sum(stack.data() + depth, count);
       if (sum < 0.0) append_ring(rings, stack.data() + depth, count);
       if (sum <= 0.0) {
-        for (std::size_t k = depth; k < stack.size(); ++k) depth_of_place[place_at_depth[k]] = kNotThere;
+        for (std::size_t j = depth; j < stack.size(); ++j) depth_of_place[place_at_depth[j]] = kNotThere;
         stack.resize(depth);
         place_at_depth.resize(depth);
       }

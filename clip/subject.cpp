@@ -49,7 +49,16 @@ void Subject::build(const FencePolygon& fence, int dim, int count, const double*
   if (!has_area(sum)) return;
   // The first vertex stays the first when the ring is reversed.
   const DepthRange depth = depth_of(ring);
+  // KEEP(depth-in-both-modes): beyond the depth range nothing is kept, also by a fence that keeps its
+  // outside. Looks wrong; plots are laid out in layers and a fence speaks for its own. Pinned by
+  // Subject.WhollyAboveOrBelowTheDepthRangeItYieldsNothingInEitherMode.
+  //
+  // KEEP(flat-at-depth-zero): a 2-D subject lies at depth 0; a fence whose range leaves 0 out keeps nothing.
+  // Looks wrong; hosts give flat plots a range around 0. Pinned by Subject.AFlatSubjectLiesAtDepthZero.
   if (depth.low > fence.extent.zmax || depth.high < fence.extent.zmin) return;
+  // KEEP(outside-cuts-no-depth): a fence that keeps its outside cuts neither polygons nor lines in depth.
+  // Looks wrong; its region has no outside in depth. Pinned by
+  // Subject.OnlyAFenceThatKeepsItsInsideCutsTheDepth and LineGeneral.AFenceThatKeepsItsOutsideCutsNoDepth.
   if (dim == 2 || fence.mode == CL_KEEP_OUTSIDE) return add_polygon(ring, dim);
   for (FenceVertex* part : cut_to_depth(ring, fence.extent.zmin, fence.extent.zmax)) {
     if (part == ring || has_area(shoelace_sum(part))) add_polygon(part, dim);

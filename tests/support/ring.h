@@ -48,12 +48,16 @@ inline std::string text_of(const Ring& ring) {
                   text.size() > 1 ? ", " : "", p.x, p.y, p.z);
     text += buffer;
   }
-  return text + ")";
+  text += ')';
+  return text;
 }
 
 inline std::string text_of(const Rings& rings) {
   std::string text;
-  for (const Ring& ring : rings) text += (text.empty() ? "" : " ") + text_of(ring);
+  for (const Ring& ring : rings) {
+    if (!text.empty()) text += ' ';
+    text += text_of(ring);
+  }
   return text.empty() ? "(none)" : text;
 }
 
