@@ -21,9 +21,19 @@ function(corvane_print_test_internals name)
   target_link_libraries(${name} PRIVATE corvane_print_objects ${CMAKE_DL_LIBS})
 endfunction()
 
-# corvane_print_list_test_programs(): writes test-programs.txt; called once, when all of them are known.
+# corvane_print_test_environment(NAME VARIABLE=VALUE): the program runs with that variable, under ctest and, by
+# test-environment.txt of the build folder, under the check script. Values without blanks.
+function(corvane_print_test_environment name assignment)
+  set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT ${assignment})
+  set_property(GLOBAL APPEND PROPERTY CORVANE_PRINT_TEST_ENVIRONMENT "${name} ${assignment}")
+endfunction()
+
+# corvane_print_list_test_programs(): writes both lists; called once, when all programs are known.
 function(corvane_print_list_test_programs)
   get_property(programs GLOBAL PROPERTY CORVANE_PRINT_TEST_PROGRAMS)
   list(JOIN programs "\n" lines)
   file(WRITE ${PROJECT_BINARY_DIR}/test-programs.txt "${lines}\n")
+  get_property(assignments GLOBAL PROPERTY CORVANE_PRINT_TEST_ENVIRONMENT)
+  list(JOIN assignments "\n" lines)
+  file(WRITE ${PROJECT_BINARY_DIR}/test-environment.txt "${lines}\n")
 endfunction()

@@ -52,6 +52,9 @@ test_programs() {
   { printf '%s\n' $2 && cat "$build/$1/test-programs.txt" 2>/dev/null; } | sed '/^$/d' | awk '!seen[$0]++'
 }
 
+# The variables, VARIABLE=VALUE, that a program of a target runs with.
+environment_of() { sed -n "s/^$2 //p" "$build/$1/test-environment.txt" 2>/dev/null; }
+
 configure_and_build() {
   cmake --preset "$1" -S "$root" -DCORVANE_PRINT_REQUIRE_ALL=ON && cmake --build "$build/$1" -j "$jobs"
 }
@@ -114,7 +117,8 @@ part_windows() {
     return
   fi
   for name in $(test_programs "$target" "corvane_tests corvane_host_tests"); do
-    program "$target" "$name" "$root/tools/run-$target" "$build/$target/$name.exe"
+    program "$target" "$name" env $(environment_of "$target" "$name") \
+      "$root/tools/run-$target" "$build/$target/$name.exe"
   done
 }
 part_win32() { part_windows win32; }
@@ -154,9 +158,12 @@ part_valgrind() {
     *) step valgrind build configure_and_build linux-x64 || return ;;
   esac
   export CORVANE_TEST_SCALE=0.01
-  program valgrind corvane_tests valgrind --quiet --error-exitcode=9 --leak-check=full \
-    --show-leak-kinds=definite,possible --errors-for-leak-kinds=definite,possible \
-    --suppressions="$root/tests/valgrind.supp" "$build/linux-x64/corvane_tests"
+  local name
+  for name in corvane_tests corvane_host_tests plotclip_tests; do
+    program valgrind "$name" valgrind --quiet --error-exitcode=9 --leak-check=full \
+      --show-leak-kinds=definite,possible --errors-for-leak-kinds=definite,possible \
+      --suppressions="$root/tests/valgrind.supp" "$build/linux-x64/$name"
+  done
 }
 
 # The table, then the tail of the log of everything that failed, then the line with the sums.
