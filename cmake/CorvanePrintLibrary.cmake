@@ -9,7 +9,8 @@ add_library(corvane_print SHARED $<TARGET_OBJECTS:corvane_print_objects>)
 add_library(Corvane::Print ALIAS corvane_print)
 target_include_directories(corvane_print INTERFACE $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>
                                                    $<INSTALL_INTERFACE:include>)
-target_link_libraries(corvane_print PRIVATE ${CMAKE_DL_LIBS})
+get_property(late_libraries GLOBAL PROPERTY CORVANE_PRINT_LATE_LIBRARIES)
+target_link_libraries(corvane_print PRIVATE ${late_libraries} ${CMAKE_DL_LIBS})
 target_compile_definitions(corvane_print_objects PRIVATE CORVANE_PRINT_BUILD)
 set_target_properties(corvane_print PROPERTIES
   OUTPUT_NAME corvane_print

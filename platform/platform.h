@@ -4,8 +4,8 @@
 // The one door to the operating system. platform/win32/ and platform/posix/ implement this page, in files of
 // the same names, and the build picks one of the folders; nobody else includes a system's headers.
 //
-// Counts are ints, as the systems' own calls have them. Nothing here keeps state. Only guarded_call can be
-// left by anything but a return.
+// Counts are ints, as the systems' own calls have them. Nothing here keeps state. Only guarded_call and
+// network_name can be left by anything but a return.
 #ifndef CORVANE_PRINT_PLATFORM_PLATFORM_H
 #define CORVANE_PRINT_PLATFORM_PLATFORM_H
 
@@ -46,6 +46,53 @@ int narrow_from_wide(const CPWChar* text, int length, char* out, int capacity) n
 // Another thread may change the variable between two calls: the second may need more than the first said.
 int environment_text(const CPWChar* name, CPWChar* buffer, int capacity) noexcept;
 
+// host_file.cpp
+// ----------------------------------------------------------------------------------------------
+//
+// Files by their host specification: zero-terminated, not null, of any length; relative ones begin at the
+// current directory. Elsewhere than on Windows every \ is /, drive Z: is the root directory, and another
+// drive X: is the directory that the environment variable CORVANE_DRIVE_X (upper case) names, as it is at
+// this moment; what follows the colon begins there, with or without a separator. Without the variable such a
+// specification names nothing. Nothing but DirectoryScan uses the heap.
+
+// True when there is a file, a directory or anything else by that name.
+bool host_file_exists(const CPWChar* spec) noexcept;
+
+// True when there is a regular file by that name. On Windows the name is looked for in narrow text: a
+// character that the code page lacks stands for the one that the system puts in its place.
+bool host_file_is_regular(const CPWChar* spec) noexcept;
+
+// The names in a directory, one after the other: in ascending order of their bytes, or as the system delivers
+// them on Windows. Names that no specification can name (with a \ in them, or not in UTF-8) are left out.
+// Several scans may be open at once. An open scan is closed by its end or its destruction.
+class DirectoryScan {
+public:
+  enum class Opened { kYes, kNo, kNoMemory };
+  static constexpr int kNameCapacity = 256;
+
+  DirectoryScan() = default;
+  ~DirectoryScan() { close(); }
+  DirectoryScan(const DirectoryScan&) = delete;
+  DirectoryScan& operator=(const DirectoryScan&) = delete;
+
+  // Begins a scan; one that is open is closed.
+  //   spec      a host specification whose last component is a pattern with * and ?
+  // kNo when there is no such directory, it cannot be read, or nothing matches. What is delivered may match
+  // the pattern in the system's own loose way, or not at all: the caller looks at each name.
+  Opened open(const CPWChar* spec) noexcept;
+
+  // The next name ("." and ".." may be among them), cut to the capacity and terminated. False, and the scan
+  // is closed, when there is none, or when no scan is open.
+  //   name      room for kNameCapacity characters
+  bool next(CPWChar* name) noexcept;
+
+  void close() noexcept;
+  bool is_open() const noexcept { return state_ != nullptr; }
+
+private:
+  void* state_ = nullptr;  // the system's
+};
+
 // guarded_call.cpp
 // -------------------------------------------------------------------------------------------
 
@@ -57,6 +104,34 @@ int environment_text(const CPWChar* name, CPWChar* buffer, int capacity) noexcep
 // The end of a thread is no exception: where it travels up the stack (cancellation), it passes through here
 // and through our callers, whose locals must release what they hold.
 int guarded_call(int (*body)(void* context), void* context);
+
+// current_directory.cpp
+// --------------------------------------------------------------------------------------
+
+// Both write a terminated text, cut behind its (capacity-1)-th character, and return its length.
+//   out       room for `capacity` CHARACTERS, at least 1; not the input
+
+// A directory, in the system's spelling or as a host specification, as a host specification. Elsewhere than
+// on Windows a text that starts with / is on drive Z:; all others stay as they are.
+//   directory zero-terminated, not null
+int host_directory(const CPWChar* directory, CPWChar* out, int capacity) noexcept;
+
+// The process's current directory as a host specification: C:\work, \\server\share; elsewhere than on Windows
+// Z:/home/user. 0, and an empty text, when the process has none that the system can name.
+int current_directory(CPWChar* out, int capacity) noexcept;
+
+// network_name.cpp
+// -------------------------------------------------------------------------------------------
+
+// The network form of a drive's root, X:\ -> \\server\share, as the network provider has it; the root of a
+// drive that is mapped to no share has none.
+//   root      zero-terminated, not null
+//   out       room for `capacity` units, of which no more than 512 bytes are needed
+// False, and nothing written, when there is none; always elsewhere than on Windows. On Windows the provider's
+// library is bound by the first call; when that fails, a structured exception leaves the function
+// (0xC06D007E: no library, 0xC06D007F: no such function in it), unless the host's recorder has a substitute.
+bool network_name(const CPWChar* root, CPWChar* out, int capacity);
+bool network_name(const char* root, char* out, int capacity);
 
 }  // namespace Corvane::Print::platform
 

@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The Corvane Print authors
+//
+// The seven steps of the search, in order; the first candidate that is a regular file ends it. Steps 5 and 6
+// search again for another text, without search path and defaults.
+//
+// Why it always ends: the text of an inner search begins with VX_PWP:, so that its own step 5 finds too few
+// levels to cut, and its own step 6 makes of it VX_PWP: and its name, of which the same would be made again.
+// A search that would repeat one that is still under way is given up.
+//
+// No shared state.
+#include "filespec/search.h"
+
+#include "filespec/bounded.h"
+#include "filespec/list_walk.h"
+#include "filespec/spec.h"
+#include "platform/platform.h"
+
+namespace Corvane::Print::filespec {
+namespace {
+
+constexpr int kRelocatedLevels = 2;
+
+// Where the last two levels of a specification begin: behind the second \ from its end, one at its very end
+// not counted. Null when there are fewer.
+const CPWChar* last_levels(const CPWChar* spec) {
+  WideBuffer trimmed;
+  FURemoveDirSepHFSW(spec, trimmed);
+  int missing = kRelocatedLevels;
+  for (int at = trimmed.length(); at > 0; --at) {
+    if (trimmed.view()[static_cast<std::size_t>(at) - 1] == u'\\' && --missing == 0) return spec + at;
+  }
+  return nullptr;
+}
+
+// Gives a specification the default extension and version where it has none. False when nothing changed.
+bool fill_defaults(WideBuffer& spec, const WideBuffer& def_ext, const WideBuffer& def_ver) {
+  Components parts;
+  parse(spec, parts);
+  const bool fill_ext = parts.ext.empty() && !def_ext.empty();
+  const bool fill_ver = parts.ver.empty() && !def_ver.empty();
+  if (!fill_ext && !fill_ver) return false;
+  if (fill_ext) parts.ext = def_ext;
+  if (fill_ver) parts.ver = def_ver;
+  build(parts, spec);
+  return true;
+}
+
+class Search {
+public:
+  Search(const SearchConditions& conditions, const CPWChar* ufs, const CPWChar* def_ext,
+         const CPWChar* def_ver)
+      : conditions_(conditions), ufs_(ufs), def_ext_(def_ext), def_ver_(def_ver) {
+    FUParseUFSW(ufs_, dev_, dir_, name_, ext_, nullptr);
+  }
+
+  int run(const CPWChar* search_path) {
+    const bool found = in_current_directory() || as_is() || as_variable() || in_lists(search_path) ||
+                       relocated() || by_name_alone();
+    return found ? FU_OK : status_;
+  }
+
+  const CPWChar* found() const { return found_; }
+
+private:
+  // A search within `outer`, for another text.
+  Search(const Search& outer, int step, const CPWChar* ufs)
+      : Search(outer.conditions_, ufs, nullptr, nullptr) {
+    outer_ = &outer;
+    reported_step_ = outer.reported_step_ != 0 ? outer.reported_step_ : step;
+  }
+
+  bool in_current_directory();
+  bool as_is();
+  bool as_variable();
+  bool in_lists(const CPWChar* search_path);
+  bool in_list(const CPWChar* list);
+  bool in_directory(const CPWChar* directory);
+  bool relocated();
+  bool by_name_alone();
+
+  bool search_within(int step, const CPWChar* text);
+  bool repeats(const CPWChar* text) const;
+  bool try_candidate(int step, const CPWChar* text);
+  bool exists(int step, const WideBuffer& candidate);
+
+  const SearchConditions& conditions_;
+  const Search* outer_ = nullptr;
+  int reported_step_ = 0;  // of an inner search: the step of the host's search that led here; else 0
+  WideBuffer ufs_, def_ext_, def_ver_;
+  WideBuffer dev_, dir_, name_, ext_;  // of ufs_
+  WideBuffer found_;
+  int status_ = FU_NOT_FOUND;
+};
+
+bool Search::in_current_directory() {
+  if (!conditions_.switches.current_directory_first) return false;
+  WideBuffer candidate;
+  FUBuildLFSW(nullptr, W_("."), name_, ext_, nullptr, candidate);
+  return try_candidate(FU_STEP_CURRENT_DIRECTORY, candidate);
+}
+
+bool Search::as_is() {
+  if (!conditions_.switches.as_is && FUIsFullLFSW(ufs_) == 0) return false;
+  return try_candidate(FU_STEP_AS_IS, ufs_);
+}
+
+bool Search::as_variable() {
+  const VariableValue value(ufs_);
+  return value && try_candidate(FU_STEP_VARIABLE, value.text());
+}
+
+bool Search::in_lists(const CPWChar* search_path) {
+  const VariableValue device(dev_);
+  if (device && in_list(device.text())) return true;
+  return !is_empty(search_path) && in_list(search_path);
+}
+
+bool Search::in_list(const CPWChar* list) {
+  ListWalk elements;
+  if (!elements.start(list, W_(";"))) {
+    status_ = FU_NO_MEMORY;
+    return false;
+  }
+  while (const CPWChar* const element = elements.next()) {
+    if (in_directory(element)) return true;
+  }
+  return false;
+}
+
+// KEEP(search-list-drops-version): in the directories of a list the version that was asked for is not looked
+// for. Looks wrong; lists hold the current files, and only a default version is put behind them. Pinned by
+// SearchLists.TheVersionIsNotLookedFor.
+bool Search::in_directory(const CPWChar* directory) {
+  WideBuffer plain;
+  FUBuildLFSW(nullptr, directory, name_, ext_, nullptr, plain);
+  if (try_candidate(FU_STEP_LISTS, plain)) return true;
+
+  WideBuffer below, candidate;
+  FUAppendCompHFSW(directory, dir_, below);
+  below[kLongest] = 0;
+  FUBuildLFSW(nullptr, below, name_, ext_, nullptr, candidate);
+  // Without a directory of its own the specification makes the same candidate once more.
+  return !same_text(plain, candidate) && try_candidate(FU_STEP_LISTS, candidate);
+}
+
+bool Search::relocated() {
+  if (FUIsFullHFSW(ufs_) == 0 || !CFIsVariableDefinedW(W_("VX_PWP"))) return false;
+  const CPWChar* const levels = last_levels(ufs_);
+  if (levels == nullptr) return false;
+  WideBuffer text(W_("VX_PWP:"));
+  text.append(levels);
+  return search_within(FU_STEP_RELOCATED, text);
+}
+
+bool Search::by_name_alone() {
+  if (ufs_.empty() || FUIsFullLFSW(ufs_) != 0 || !CFIsVariableDefinedW(W_("VX_PWP"))) return false;
+  WideBuffer text;
+  FUBuildLFSW(nullptr, W_("VX_PWP:"), name_, ext_, nullptr, text);
+  return search_within(FU_STEP_BY_NAME, text);
+}
+
+bool Search::search_within(int step, const CPWChar* text) {
+  if (repeats(text)) return false;
+  Search inner(*this, step, text);
+  const int status = inner.run(nullptr);
+  if (status == FU_NO_MEMORY) status_ = FU_NO_MEMORY;
+  if (status != FU_OK) return false;
+  found_.set(inner.found());
+  return true;
+}
+
+bool Search::repeats(const CPWChar* text) const {
+  for (const Search* search = this; search != nullptr; search = search->outer_) {
+    if (same_text(search->ufs_, text)) return true;
+  }
+  return false;
+}
+
+bool Search::try_candidate(int step, const CPWChar* text) {
+  WideBuffer candidate(text);
+  return exists(step, candidate) || (fill_defaults(candidate, def_ext_, def_ver_) && exists(step, candidate));
+}
+
+bool Search::exists(int step, const WideBuffer& candidate) {
+  if (candidate.empty()) return false;
+  const bool found = conditions_.files != nullptr ? conditions_.files->is_file(candidate)
+                                                  : platform::host_file_is_regular(candidate);
+  if (conditions_.observer != nullptr)
+    conditions_.observer->tried(reported_step_ != 0 ? reported_step_ : step, candidate, found);
+  if (found) found_.set(candidate);
+  return found;
+}
+
+}  // namespace
+
+int search_file(const SearchConditions& conditions, const CPWChar* ufs, const CPWChar* search_path,
+                const CPWChar* def_ext, const CPWChar* def_ver, CPWChar* out) {
+  Search search(conditions, ufs, def_ext, def_ver);
+  const int status = search.run(search_path);
+  FUStrCopyW(out, status == FU_OK ? search.found() : nullptr, kWide);
+  return status;
+}
+
+}  // namespace Corvane::Print::filespec

@@ -1,0 +1,391 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The Corvane Print authors
+//
+// The search over real directories, with the switches as they are when nobody sets them.
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "platform/capi_memory.h"
+#include "tests/filespec/host_dir.h"
+#include "tests/filespec/searching.h"
+#include "tests/platform/system_seam.h"
+#include "tests/support/random.h"
+#include "tests/support/scale.h"
+
+namespace Corvane::Print::tests {
+namespace {
+
+// What a search finds; the plain, the explained and the narrow form must agree.
+SearchResult look_for(std::u32string_view ufs, std::u32string_view list = {}, std::u32string_view ext = {},
+                      std::u32string_view ver = {}) {
+  const SearchResult result = explained(wide(ufs), wide(list), wide(ext), wide(ver));
+  EXPECT_TRUE(result.intact);
+  Guarded<CPWChar> out(FU_WIDE);
+  EXPECT_EQ(FUSearchUFSW(wide(ufs).c_str(), list.empty() ? nullptr : wide(list).c_str(),
+                         ext.empty() ? nullptr : wide(ext).c_str(), ver.empty() ? nullptr : wide(ver).c_str(),
+                         out.data()),
+            result.status);
+  EXPECT_EQ(WideText(out.data()), result.found);
+  EXPECT_TRUE(out.intact());
+  Guarded<char> narrow_out(FU_NARROW);
+  EXPECT_EQ(FUSearchUFS(narrow(ufs).c_str(), list.empty() ? nullptr : narrow(list).c_str(),
+                        narrow(ext).c_str(), narrow(ver).c_str(), narrow_out.data()),
+            result.status);
+  EXPECT_EQ(std::string(narrow_out.data()).empty(), result.found.empty());
+  EXPECT_TRUE(narrow_out.intact());
+  return result;
+}
+
+WideText found(std::u32string_view ufs, std::u32string_view list = {}, std::u32string_view ext = {},
+               std::u32string_view ver = {}) {
+  const SearchResult result = look_for(ufs, list, ext, ver);
+  EXPECT_EQ(result.status, result.found.empty() ? FU_NOT_FOUND : FU_OK);
+  return result.found;
+}
+
+std::vector<Tried> tried(std::initializer_list<std::pair<int, std::u32string_view>> all, bool last_found) {
+  std::vector<Tried> list;
+  for (const auto& [step, candidate] : all) list.push_back({step, wide(candidate), false});
+  if (last_found) list.back().found = true;
+  return list;
+}
+
+TEST(Search, AFileIsFoundAsItStands) {
+  const HostDir dir;
+  dir.make_file(U"f.txt");
+  EXPECT_EQ(found(dir.spec(U"f.txt")), wide(dir.spec(U"f.txt")));
+  const ScopedCurrentDirectory inside(dir.path());
+  EXPECT_EQ(found(U"f.txt"), wide(U"f.txt"));
+}
+
+TEST(Search, ADirectoryIsNeverFound) {
+  const HostDir dir;
+  dir.make_dir(U"f.txt");
+  EXPECT_EQ(found(dir.spec(U"f.txt")), WideText());
+  EXPECT_EQ(found(U"f.txt", dir.spec()), WideText());
+}
+
+TEST(Search, DefaultsFillWhatACandidateLacks) {
+  const HostDir dir;
+  dir.make_file(U"f.fence");
+  dir.make_file(U"g.fence;2");
+  EXPECT_EQ(found(dir.spec(U"f")), WideText());
+  EXPECT_EQ(found(dir.spec(U"f"), {}, U"fence"), wide(dir.spec(U"f.fence")));
+  EXPECT_EQ(found(dir.spec(U"f.plt"), {}, U"fence"), WideText());
+  EXPECT_EQ(found(U"g", dir.spec(), U"fence", U"2"), wide(dir.spec(U"g.fence;2")));
+}
+
+TEST(Search, TheCandidateItselfComesBeforeTheDefaults) {
+  const HostDir dir;
+  dir.make_file(U"f");
+  dir.make_file(U"f.fence");
+  EXPECT_EQ(found(dir.spec(U"f"), {}, U"fence"), wide(dir.spec(U"f")));
+}
+
+TEST(Search, AVariableStandsForItsValue) {
+  const HostDir dir;
+  dir.make_file(U"f.fence");
+  const HostVariables variables{{wide(U"MYFENCE"), wide(dir.spec(U"f"))}};
+  const SearchResult result = look_for(U"MYFENCE", {}, U"fence");
+  EXPECT_EQ(result.found, wide(dir.spec(U"f.fence")));
+  EXPECT_EQ(result.tried.back().step, FU_STEP_VARIABLE);
+}
+
+TEST(SearchLists, TheDevicesListComesBeforeTheSearchPath) {
+  const HostVariables variables{{wide(U"DATA"), wide(U"C:\\a;C:\\b")}};
+  const SearchResult result = look_for(U"DATA:sub\\f", U"C:\\p;;Q");
+  EXPECT_EQ(result.status, FU_NOT_FOUND);
+  EXPECT_EQ(result.tried, tried({{FU_STEP_AS_IS, U"DATA:sub\\f"},
+                                 {FU_STEP_LISTS, U"C:\\a\\f"},
+                                 {FU_STEP_LISTS, U"C:\\a\\sub\\f"},
+                                 {FU_STEP_LISTS, U"C:\\b\\f"},
+                                 {FU_STEP_LISTS, U"C:\\b\\sub\\f"},
+                                 {FU_STEP_LISTS, U"C:\\p\\f"},
+                                 {FU_STEP_LISTS, U"C:\\p\\sub\\f"},
+                                 {FU_STEP_LISTS, U"Q\\f"},
+                                 {FU_STEP_LISTS, U"Q\\sub\\f"}},
+                                false));
+}
+
+TEST(SearchLists, TheFirstDirectoryThatHasTheFileWins) {
+  const HostDir dir;
+  dir.make_file(U"two\\f.txt");
+  dir.make_file(U"three\\f.txt");
+  dir.make_file(U"three\\sub\\g.txt");
+  const std::u32string list = dir.spec(U"one") + U";" + dir.spec(U"two") + U";" + dir.spec(U"three");
+  EXPECT_EQ(found(U"f.txt", list), wide(dir.spec(U"two\\f.txt")));
+  EXPECT_EQ(found(U"sub\\g.txt", list), wide(dir.spec(U"three\\sub\\g.txt")));
+  const HostVariables variables{{wide(U"DATA"), wide(list)}};
+  EXPECT_EQ(found(U"DATA:f.txt"), wide(dir.spec(U"two\\f.txt")));
+  EXPECT_EQ(found(U"DATA:sub\\g.txt"), wide(dir.spec(U"three\\sub\\g.txt")));
+}
+
+TEST(SearchLists, AFileOfTheFullNameIsLookedForInTheListsToo) {
+  const HostDir dir;
+  dir.make_file(U"here\\f.txt");
+  EXPECT_EQ(found(U"C:\\nowhere\\f.txt", dir.spec(U"here")), wide(dir.spec(U"here\\f.txt")));
+}
+
+TEST(SearchLists, TheVersionIsNotLookedFor) {
+  const HostDir dir;
+  dir.make_file(U"f.txt");
+  dir.make_file(U"g.txt;2");
+  EXPECT_EQ(found(U"f.txt;2", dir.spec()), wide(dir.spec(U"f.txt")));
+  EXPECT_EQ(found(U"g.txt;2", dir.spec()), WideText());
+  EXPECT_EQ(found(U"g.txt;2", dir.spec(), {}, U"2"), wide(dir.spec(U"g.txt;2")));
+}
+
+TEST(SearchLists, ListsMayHaveAnyLength) {
+  const HostDir dir;
+  dir.make_file(U"f.txt");
+  std::u32string list;
+  for (int i = 0; i < 200; ++i) list += U"C:\\nowhere\\of\\importance;";
+  list += std::u32string(1000, U'e') + U";" + dir.spec();
+  EXPECT_EQ(found(U"f.txt", list), wide(dir.spec(U"f.txt")));
+  const HostVariables variables{{wide(U"DATA"), wide(list)}};
+  EXPECT_EQ(found(U"DATA:f.txt"), wide(dir.spec(U"f.txt")));
+}
+
+TEST(SearchPwp, ALostFullPathIsRelocatedByItsLastTwoLevels) {
+  const HostDir dir;
+  dir.make_file(U"sub\\f.txt");
+  const HostVariables variables{{wide(U"VX_PWP"), wide(dir.spec())}};
+  const SearchResult result = look_for(U"C:\\old\\place\\sub\\f.txt");
+  EXPECT_EQ(result.found, wide(dir.spec(U"sub\\f.txt")));
+  EXPECT_EQ(result.tried, tried({{FU_STEP_AS_IS, U"C:\\old\\place\\sub\\f.txt"},
+                                 {FU_STEP_RELOCATED, U"VX_PWP:sub\\f.txt"},
+                                 {FU_STEP_RELOCATED, dir.spec(U"f.txt")},
+                                 {FU_STEP_RELOCATED, dir.spec(U"sub\\f.txt")}},
+                                true));
+}
+
+TEST(SearchPwp, TheTwoLevelsFollowARootWhole) {
+  const HostVariables variables{{wide(U"VX_PWP"), wide(U"C:\\none")}};
+  const SearchResult result = look_for(U"C:\\sub\\f");
+  EXPECT_EQ(result.tried, tried({{FU_STEP_AS_IS, U"C:\\sub\\f"},
+                                 {FU_STEP_RELOCATED, U"VX_PWP:sub\\f"},
+                                 {FU_STEP_RELOCATED, U"C:\\none\\f"},
+                                 {FU_STEP_RELOCATED, U"C:\\none\\sub\\f"}},
+                                false));
+}
+
+TEST(SearchPwp, ASingleLevelIsNotRelocated) {
+  const HostVariables variables{{wide(U"VX_PWP"), wide(U"C:\\none")}};
+  EXPECT_EQ(look_for(U"C:\\f").tried, tried({{FU_STEP_AS_IS, U"C:\\f"}}, false));
+}
+
+TEST(SearchPwp, ABareNameIsLookedForByItself) {
+  const HostDir dir;
+  dir.make_file(U"f.txt");
+  const HostVariables variables{{wide(U"VX_PWP"), wide(U"C:\\none;" + dir.spec())}};
+  const SearchResult result = look_for(U"lost\\f.txt");
+  EXPECT_EQ(result.found, wide(dir.spec(U"\\f.txt")).erase(dir.spec().size(), 1));
+  EXPECT_EQ(result.tried.back().step, FU_STEP_BY_NAME);
+  EXPECT_EQ(result.tried[1], (Tried{FU_STEP_BY_NAME, wide(U"VX_PWP:\\f.txt"), false}));
+}
+
+TEST(SearchPwp, DefaultsDoNotReachTheInnerSearches) {
+  const HostDir dir;
+  dir.make_file(U"f.txt");
+  const HostVariables variables{{wide(U"VX_PWP"), wide(dir.spec())}};
+  EXPECT_EQ(found(U"lost\\f", {}, U"txt"), WideText());
+  EXPECT_EQ(found(U"C:\\old\\lost\\f", {}, U"txt"), WideText());
+}
+
+TEST(SearchPwp, AFullLogicalNameIsNotLookedForByItself) {
+  const HostDir dir;
+  dir.make_file(U"f.txt");
+  const HostVariables variables{{wide(U"VX_PWP"), wide(dir.spec())}};
+  EXPECT_EQ(found(U"NODEVICE:f.txt"), WideText());
+}
+
+TEST(SearchPwp, ASearchThatWouldRepeatItselfEnds) {
+  const HostVariables variables{{wide(U"VX_PWP"), wide(U"C:\\none")}, {wide(U"DATA"), wide(U"C:\\no")}};
+  for (const char32_t* const ufs :
+       {U"sub\\", U"DATA:", U".", U"VX_PWP:", U"VX_PWP:.", U"VX_PWP", U"VX_PWP:sub\\", U"C:", U";", U"a\\.",
+        U":", U"\\", U"/", U"]", U";;", U"VX_PWP:;", U"C:\\"}) {
+    EXPECT_EQ(look_for(ufs).status, FU_NOT_FOUND) << wide(ufs).size();
+  }
+}
+
+TEST(Search, EmptyAndNullSpecificationsAreNotFound) {
+  const HostVariables variables{{wide(U"VX_PWP"), wide(U"C:\\none")}};
+  EXPECT_EQ(look_for(U"").status, FU_NOT_FOUND);
+  EXPECT_EQ(look_for(U"").tried, std::vector<Tried>());
+  CPWChar out[FU_WIDE] = {'x', 0};
+  EXPECT_EQ(FUSearchUFSW(nullptr, nullptr, nullptr, nullptr, out), FU_NOT_FOUND);
+  EXPECT_EQ(out[0], 0);
+}
+
+TEST(Search, TheOutputMayBeTheSpecification) {
+  const HostDir dir;
+  dir.make_file(U"f.txt");
+  CPWChar text[FU_WIDE] = {'f', 0};
+  EXPECT_EQ(FUSearchUFSW(text, wide(dir.spec()).c_str(), wide(U"txt").c_str(), nullptr, text), FU_OK);
+  EXPECT_EQ(WideText(text), wide(dir.spec(U"f.txt")));
+}
+
+TEST(Search, NamesNeedNotBeAscii) {
+  if (!narrow_has(U'\u00F6')) return;
+  const HostDir dir;
+  dir.make_file(U"Gr\u00F6\u00DFe\\Pl\u00E4ne.plt");
+  EXPECT_EQ(found(U"Pl\u00E4ne", dir.spec(U"Gr\u00F6\u00DFe"), U"plt"),
+            wide(dir.spec(U"Gr\u00F6\u00DFe\\Pl\u00E4ne.plt")));
+  Guarded<char> out(FU_NARROW);
+  EXPECT_EQ(FUSearchUFS(narrow(U"Pl\u00E4ne.plt").c_str(), narrow(dir.spec(U"Gr\u00F6\u00DFe")).c_str(), "",
+                        "", out.data()),
+            FU_OK);
+  EXPECT_EQ(std::string(out.data()), narrow(dir.spec(U"Gr\u00F6\u00DFe\\Pl\u00E4ne.plt")));
+}
+
+TEST(Search, LongSpecificationsAreCut) {
+  for (const std::size_t length : {254u, 255u, 256u, 257u, 511u, 512u, 513u, 5000u}) {
+    const std::u32string name(length, U'n');
+    const SearchResult result = look_for(name, U"C:\\list", U"ext");
+    EXPECT_EQ(result.status, FU_NOT_FOUND);
+    for (const Tried& each : result.tried) EXPECT_LE(each.candidate.size(), 255u);
+  }
+}
+
+// Every request in turn fails once: what is found is right, and what is not found is told apart.
+TEST(SearchMemory, AListThatWasNotLookedAtIsNoMemoryUnlessTheFileIsFound) {
+  const HostDir dir;
+  dir.make_file(U"f.txt");
+  const HostVariables variables{{wide(U"DATA"), wide(dir.spec())}};
+  const WideText everywhere = wide(dir.spec()), nowhere = wide(U"C:\\none");
+  CPWChar out[FU_WIDE];
+  FUSearchUFSW(wide(U"f").c_str(), nullptr, nullptr, nullptr, out);
+  const long before = platform::capi_blocks_out();
+
+  int no_memory = 0, not_found = 0;
+  for (int request = 0; request < 40; ++request) {
+    platform::capi_fail_once_after(request);
+    const int status = FUSearchUFSW(wide(U"DATA:f.txt").c_str(), everywhere.c_str(), nullptr, nullptr, out);
+    platform::capi_fail_after(-1);
+    EXPECT_EQ(status, FU_OK) << request;
+    EXPECT_EQ(WideText(out), wide(dir.spec(U"f.txt"))) << request;
+
+    platform::capi_fail_once_after(request);
+    const int other = FUSearchUFSW(wide(U"g.txt").c_str(), nowhere.c_str(), nullptr, nullptr, out);
+    platform::capi_fail_after(-1);
+    EXPECT_EQ(out[0], 0) << request;
+    ++(other == FU_NO_MEMORY ? no_memory : not_found);
+    EXPECT_TRUE(other == FU_NO_MEMORY || other == FU_NOT_FOUND) << request;
+    EXPECT_EQ(platform::capi_blocks_out(), before) << request;
+  }
+  EXPECT_EQ(no_memory, 1);
+  EXPECT_GT(not_found, 0);
+}
+
+TEST(SearchMemory, TheNarrowFormTellsALostSearchPathToo) {
+  CPWChar wide_out[FU_WIDE];
+  FUSearchUFSW(wide(U"f").c_str(), nullptr, nullptr, nullptr, wide_out);
+  const long before = platform::capi_blocks_out();
+  const HostVariables variables{};
+  for (int request = 0; request < 20; ++request) {
+    char out[FU_NARROW] = "x";
+    platform::capi_fail_after(request);
+    const int status = FUSearchUFS("g.txt", "C:\\none", "", "", out);
+    platform::capi_fail_after(-1);
+    EXPECT_TRUE(status == FU_NO_MEMORY || request >= 2) << request << ": " << status;
+    EXPECT_EQ(out[0], '\0');
+    EXPECT_EQ(platform::capi_blocks_out(), before) << request;
+  }
+}
+
+TEST(SearchMemory, AnInnerSearchThatRanOutOfMemoryIsReported) {
+  const HostVariables variables{{wide(U"VX_PWP"), wide(U"C:\\none")}};
+  int no_memory = 0;
+  CPWChar out[FU_WIDE];
+  for (int request = 0; request < 60; ++request) {
+    platform::capi_fail_once_after(request);
+    const int status = FUSearchUFSW(wide(U"lost\\f").c_str(), nullptr, nullptr, nullptr, out);
+    platform::capi_fail_after(-1);
+    if (status == FU_NO_MEMORY) ++no_memory;
+  }
+  EXPECT_EQ(no_memory, 1);
+}
+
+TEST(SearchMemory, NothingLeaksWhicheverStepFindsTheFile) {
+  const HostDir dir;
+  dir.make_file(U"sub\\f.txt");
+  const HostVariables variables{{wide(U"DATA"), wide(dir.spec())},
+                                {wide(U"FILE"), wide(dir.spec(U"sub\\f.txt"))},
+                                {wide(U"VX_PWP"), wide(dir.spec(U"sub"))}};
+  found(U"f.txt");
+  const long before = platform::capi_blocks_out();
+  for (const std::u32string& ufs :
+       {dir.spec(U"sub\\f.txt"), std::u32string(U"FILE"), std::u32string(U"DATA:sub\\f.txt"),
+        std::u32string(U"C:\\x\\y\\f.txt"), std::u32string(U"x\\f.txt")}) {
+    EXPECT_FALSE(found(ufs).empty());
+  }
+  EXPECT_EQ(platform::capi_blocks_out(), before);
+}
+
+TEST(SearchExplain, WithoutAnObserverItIsTheSearch) {
+  const HostDir dir;
+  dir.make_file(U"f.txt");
+  CPWChar out[FU_WIDE];
+  EXPECT_EQ(
+      FUSearchExplainW(wide(dir.spec(U"f.txt")).c_str(), nullptr, nullptr, nullptr, out, nullptr, nullptr),
+      FU_OK);
+  EXPECT_EQ(WideText(out), wide(dir.spec(U"f.txt")));
+}
+
+TEST(SearchExplain, WhatTheObserverThrowsDoesNotEndTheSearch) {
+  const HostDir dir;
+  dir.make_file(U"f.txt");
+  int calls = 0;
+  CPWChar out[FU_WIDE];
+  EXPECT_EQ(FUSearchExplainW(
+                wide(U"f.txt").c_str(), wide(U"C:\\none;" + dir.spec()).c_str(), nullptr, nullptr, out,
+                [](void* context, int, const CPWChar*, int) {
+                  ++*static_cast<int*>(context);
+                  throw std::runtime_error("on purpose");
+                },
+                &calls),
+            FU_OK);
+  EXPECT_EQ(calls, 3);
+  EXPECT_EQ(WideText(out), wide(dir.spec(U"f.txt")));
+}
+
+TEST(SearchRandom, NarrowAndWideAgreeOverARealTree) {
+  const HostDir dir;
+  for (const char32_t* const name : {U"a", U"b.txt", U"sub\\a.txt", U"sub\\b", U"sub\\\u00E9.txt"})
+    dir.make_file(name);
+  const ScopedCurrentDirectory inside(dir.path());
+  const std::u32string pieces[] = {U"a",      U"b", U"sub", U"\\",    U"\\",     U"/",
+                                   U".txt",   U";", U":",   U"DATA:", U"\u00E9", dir.spec() + U"\\",
+                                   U"nothing"};
+  const HostVariables variables{{wide(U"DATA"), wide(U"C:\\none;" + dir.spec())},
+                                {wide(U"VX_PWP"), wide(dir.spec(U"sub"))}};
+  long hits = 0;
+  const int cases = scaled(5000);
+  for (int i = 0; i < cases; ++i) {
+    const std::uint64_t seed = case_seed(0x5EA5, i);
+    Random random(seed);
+    std::u32string ufs, list;
+    for (int n = random.below(6); n > 0; --n) {
+      const std::u32string& piece = pieces[random.below(static_cast<int>(std::size(pieces)))];
+      if (piece != U"\u00E9" || narrow_has(0x00E9)) ufs += piece;
+    }
+    if (random.one_in(2)) list = dir.spec() + U";" + dir.spec(U"sub");
+    SCOPED_TRACE(testing::Message() << "seed " << seed);
+    const WideText wide_found = look_for(ufs, list, random.one_in(2) ? U"txt" : U"").found;
+    Guarded<char> out(FU_NARROW);
+    FUSearchUFS(narrow(ufs).c_str(), narrow(list).c_str(), "txt", "", out.data());
+    std::u32string back;
+    CPWChar expected[FU_WIDE];
+    FUSearchUFSW(wide(ufs).c_str(), wide(list).c_str(), wide(U"txt").c_str(), wide(U"").c_str(), expected);
+    for (const CPWChar c : WideText(expected)) back += c;
+    ASSERT_EQ(std::string(out.data()), narrow(back));
+    if (!wide_found.empty()) ++hits;
+  }
+  EXPECT_GT(hits, cases / 20);
+}
+
+}  // namespace
+}  // namespace Corvane::Print::tests

@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The Corvane Print authors
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "platform/capi_memory.h"
+#include "platform/platform.h"
+#include "tests/filespec/host_dir.h"
+#include "tests/platform/system_seam.h"
+
+namespace Corvane::Print::tests {
+namespace {
+
+using platform::DirectoryScan;
+using Opened = DirectoryScan::Opened;
+
+bool exists(const std::u32string& spec) {
+  return platform::host_file_exists(wide(spec).c_str());
+}
+bool is_regular(const std::u32string& spec) {
+  return platform::host_file_is_regular(wide(spec).c_str());
+}
+
+// Names of a whole scan without "." and "..", in the order of delivery.
+std::vector<WideText> names_of(DirectoryScan& scan) {
+  std::vector<WideText> names;
+  CPWChar name[DirectoryScan::kNameCapacity];
+  while (scan.next(name)) {
+    if (name != wide(U".") && name != wide(U"..")) names.push_back(name);
+  }
+  return names;
+}
+
+TEST(HostFile, AFileExistsAndIsRegular) {
+  const HostDir dir;
+  dir.make_file(U"sub\\f.txt");
+  EXPECT_TRUE(exists(dir.spec(U"sub\\f.txt")));
+  EXPECT_TRUE(is_regular(dir.spec(U"sub\\f.txt")));
+  EXPECT_TRUE(is_regular(dir.spec(U"sub/f.txt")));
+  EXPECT_FALSE(exists(dir.spec(U"sub\\g.txt")));
+  EXPECT_FALSE(is_regular(dir.spec(U"sub\\g.txt")));
+}
+
+TEST(HostFile, ADirectoryExistsAndIsNotRegular) {
+  const HostDir dir;
+  dir.make_dir(U"sub");
+  EXPECT_TRUE(exists(dir.spec(U"sub")));
+  EXPECT_FALSE(is_regular(dir.spec(U"sub")));
+  EXPECT_FALSE(is_regular(dir.spec()));
+}
+
+TEST(HostFile, AnEmptyNameIsNothing) {
+  EXPECT_FALSE(exists(U""));
+  EXPECT_FALSE(is_regular(U""));
+}
+
+TEST(HostFile, RelativeNamesBeginAtTheCurrentDirectory) {
+  const HostDir dir;
+  dir.make_file(U"sub\\f.txt");
+  const ScopedCurrentDirectory inside(dir.path());
+  EXPECT_TRUE(is_regular(U"sub\\f.txt"));
+  EXPECT_TRUE(is_regular(U".\\sub\\f.txt"));
+  EXPECT_TRUE(exists(U"sub"));
+  EXPECT_FALSE(exists(U"f.txt"));
+}
+
+TEST(HostFile, NamesNeedNotBeAscii) {
+  const HostDir dir;
+  const std::u32string name = U"Gr\u00F6\u00DFe.txt";
+  dir.make_file(name);
+  EXPECT_TRUE(exists(dir.spec(name)));
+  if (narrow_has(U'\u00F6')) {
+    EXPECT_TRUE(is_regular(dir.spec(name)));
+  }
+}
+
+TEST(HostFile, NamesOfAnyLengthAreHarmless) {
+  const HostDir dir;
+  for (const std::size_t length : {250u, 255u, 256u, 511u, 512u, 513u, 4095u, 4096u, 5000u, 20000u}) {
+    EXPECT_FALSE(exists(dir.spec(std::u32string(length, U'n')))) << length;
+    EXPECT_FALSE(is_regular(dir.spec(std::u32string(length, U'n')))) << length;
+    EXPECT_FALSE(is_regular(dir.spec(std::u32string(length, U'\u5927')))) << length;
+    DirectoryScan scan;
+    EXPECT_EQ(scan.open(wide(dir.spec(std::u32string(length, U'n') + U"\\*")).c_str()), Opened::kNo);
+  }
+}
+
+TEST(DirectoryScan, DeliversEveryNameInOrder) {
+  const HostDir dir;
+  for (const char32_t* const name : {U"b.plt", U"a.plt", U"c"}) dir.make_file(name);
+  dir.make_dir(U"d.plt");
+  DirectoryScan scan;
+  ASSERT_EQ(scan.open(wide(dir.spec(U"*")).c_str()), Opened::kYes);
+  EXPECT_TRUE(scan.is_open());
+  const std::vector<WideText> expected = {wide(U"a.plt"), wide(U"b.plt"), wide(U"c"), wide(U"d.plt")};
+  EXPECT_EQ(names_of(scan), expected);
+  EXPECT_FALSE(scan.is_open());
+  CPWChar name[DirectoryScan::kNameCapacity];
+  EXPECT_FALSE(scan.next(name));
+}
+
+TEST(DirectoryScan, ADirectoryThatIsNotThereCannotBeOpened) {
+  const HostDir dir;
+  dir.make_file(U"file");
+  DirectoryScan scan;
+  EXPECT_EQ(scan.open(wide(dir.spec(U"none\\*")).c_str()), Opened::kNo);
+  EXPECT_EQ(scan.open(wide(dir.spec(U"file\\*")).c_str()), Opened::kNo);
+  EXPECT_FALSE(scan.is_open());
+}
+
+TEST(DirectoryScan, SeveralMayBeOpenAtOnce) {
+  const HostDir dir;
+  dir.make_file(U"one\\a");
+  dir.make_file(U"two\\b");
+  DirectoryScan one, two, again;
+  ASSERT_EQ(one.open(wide(dir.spec(U"one\\*")).c_str()), Opened::kYes);
+  ASSERT_EQ(two.open(wide(dir.spec(U"two\\*")).c_str()), Opened::kYes);
+  ASSERT_EQ(again.open(wide(dir.spec(U"one\\*")).c_str()), Opened::kYes);
+  EXPECT_EQ(names_of(two), std::vector<WideText>{wide(U"b")});
+  EXPECT_EQ(names_of(one), std::vector<WideText>{wide(U"a")});
+  EXPECT_EQ(names_of(again), std::vector<WideText>{wide(U"a")});
+}
+
+TEST(DirectoryScan, StoppingEarlyAndOpeningAgainLeakNothing) {
+  const HostDir dir;
+  dir.make_file(U"a");
+  dir.make_file(U"b");
+  const long before = platform::capi_blocks_out();
+  {
+    DirectoryScan scan;
+    CPWChar name[DirectoryScan::kNameCapacity];
+    ASSERT_EQ(scan.open(wide(dir.spec(U"*")).c_str()), Opened::kYes);
+    EXPECT_TRUE(scan.next(name));
+    ASSERT_EQ(scan.open(wide(dir.spec(U"*")).c_str()), Opened::kYes);
+    EXPECT_TRUE(scan.next(name));
+  }
+  EXPECT_EQ(platform::capi_blocks_out(), before);
+}
+
+TEST(DirectoryScan, SaysWhenMemoryRanOut) {
+  const HostDir dir;
+  for (int i = 0; i < 20; ++i) dir.make_file(U"file" + std::u32string(1, static_cast<char32_t>(U'a' + i)));
+  const WideText spec = wide(dir.spec(U"*"));
+  const long before = platform::capi_blocks_out();
+  for (long successes = 0;; ++successes) {
+    ASSERT_LT(successes, 1000);
+    DirectoryScan scan;
+    platform::capi_fail_after(successes);
+    const Opened opened = scan.open(spec.c_str());
+    platform::capi_fail_after(-1);
+    if (opened == Opened::kYes) break;
+    ASSERT_EQ(opened, Opened::kNoMemory);
+    ASSERT_FALSE(scan.is_open());
+    ASSERT_EQ(platform::capi_blocks_out(), before);
+  }
+}
+
+}  // namespace
+}  // namespace Corvane::Print::tests
