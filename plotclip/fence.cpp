@@ -31,7 +31,7 @@ void spell_out_rectangles(FencePolygons& polygons) {
 FencePolygons read_polygons(const Options& options) {
   if (!options.fence.empty())
     return {{{options.fence[0], options.fence[1]}, {options.fence[2], options.fence[3]}}};
-  const std::string name = find_fence_file(options.fence_file);
+  const std::string name = find_fence_file(options.fence_file, options.explain);
   FencePolygons polygons;
   if (const auto problem = parse_fence_file(read_file(name), polygons))
     throw Problem(name + ": byte " + std::to_string(problem->offset) + ": " + problem->what);

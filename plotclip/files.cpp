@@ -4,8 +4,10 @@
 // See files.h.
 #include "plotclip/files.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <memory>
@@ -22,6 +24,20 @@ using File = std::unique_ptr<std::FILE, Close>;
 
 [[noreturn]] void fail(const std::string& name, const char* what) {
   throw Problem(name + ": " + what + ": " + std::strerror(errno));
+}
+
+// The drive's letter in upper case, or 0 when the specification does not begin with one.
+char drive_of(const std::string& spec) {
+  if (spec.size() < 2 || spec[1] != ':') return '\0';
+  const char letter = static_cast<char>(spec[0] & ~0x20);
+  return letter >= 'A' && letter <= 'Z' ? letter : '\0';
+}
+
+// Null when the drive names nothing.
+const char* directory_of_drive(char letter) {
+  if (letter == 'Z') return "/";
+  const char* const directory = std::getenv((std::string("CORVANE_DRIVE_") + letter).c_str());
+  return directory != nullptr && *directory != '\0' ? directory : nullptr;
 }
 
 }  // namespace
@@ -55,6 +71,18 @@ std::string extension_of(const std::string& name) {
   for (char& c : extension)
     if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
   return extension;
+}
+
+std::optional<std::string> path_of_host(std::string spec) {
+  std::ranges::replace(spec, '\\', '/');
+  const char drive = drive_of(spec);
+  if (drive == '\0') return spec;
+  const char* const directory = directory_of_drive(drive);
+  if (directory == nullptr) return std::nullopt;
+  const std::string rest = spec.substr(std::min(spec.find_first_not_of('/', 2), spec.size()));
+  std::string path = directory;
+  if (path.back() != '/' && !rest.empty()) path += '/';
+  return path + rest;
 }
 
 }  // namespace Corvane::Print::plotclip

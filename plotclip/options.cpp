@@ -59,11 +59,14 @@ struct RawOptions {
 
 void declare(CLI::App& app, Options& o, RawOptions& raw) {
   app.set_version_flag("--version", "plotclip " CORVANE_PRINT_VERSION);
+  app.footer("plotclip name TEXT... tells what file specifications mean; a drawing called name is ./name");
   app.add_option("DRAWING", o.drawing, "plot file (HP-GL/2: .plt .hpgl ...) or another vector drawing")
       ->required();
   auto* fence = app.add_option("--fence", raw.fence, "upright rectangle x0,y0,x1,y1");
-  auto* file = app.add_option("--fence-file", o.fence_file, "text file with the fence's polygons");
+  auto* file = app.add_option("--fence-file", o.fence_file,
+                              "text file with the fence's polygons, searched in PLOTCLIP_FENCES");
   fence->excludes(file);
+  app.add_flag("--explain", o.explain, "tell every place where the fence file is looked for")->needs(file);
   app.add_flag("--outside", o.outside, "keep what lies outside the fence instead of inside");
   app.add_option("--depth", raw.depth, "keep the depths lo,hi only (drawings with a third dimension)");
   app.add_option("--grow", raw.grow, "move the fence's edges outward by this distance");

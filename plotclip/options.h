@@ -20,6 +20,7 @@ struct Options {
   std::string drawing;
   std::vector<double> fence;  // x0 y0 x1 y1, or empty when there is a file
   std::string fence_file;
+  bool explain = false;
   bool outside = false;
   std::optional<DepthRange> depth;
   double grow = 0.0;

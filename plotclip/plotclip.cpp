@@ -6,12 +6,14 @@
 
 #include <chrono>
 #include <cstdio>
+#include <cstring>
 #include <exception>
 #include <new>
 
 #include "plotclip/clip.h"
 #include "plotclip/input.h"
 #include "plotclip/locate.h"
+#include "plotclip/name.h"
 #include "plotclip/options.h"
 #include "plotclip/output.h"
 #include "plotclip/problem.h"
@@ -79,6 +81,10 @@ int tell(const char* line, int code) {
 
 int run(int argc, const char* const* argv) {
   try {
+    if (argc > 1 && std::strcmp(argv[1], "name") == 0) {
+      tell_names({argv + 2, argv + argc});
+      return kExitOk;
+    }
     if (const auto options = parse_options(argc, argv)) run(*options);
     return kExitOk;
   } catch (const Problem& problem) {

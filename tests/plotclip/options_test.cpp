@@ -54,6 +54,7 @@ TEST(PlotclipOptions, OneScaleIsBothScales) {
   EXPECT_EQ(o->scale_x, 0.5);
   EXPECT_EQ(o->scale_y, 0.5);
   EXPECT_EQ(o->fence_file, "f.txt");
+  EXPECT_FALSE(o->explain);
 }
 
 TEST(PlotclipOptions, WrongUsageSaysWhatWasExpected) {
@@ -77,6 +78,7 @@ TEST(PlotclipOptions, MissingAndUnknownArgumentsAreWrongUsage) {
   EXPECT_NE(wrong({"in.plt", "--fence", "1,2,3,4"}), "accepted");
   EXPECT_NE(wrong({"in.plt", "--fence", "1,2,3,4", "-o", "a.png", "--sideways"}), "accepted");
   EXPECT_NE(wrong({"in.plt", "--fence", "1,2,3,4", "--fence-file", "f", "-o", "a.png"}), "accepted");
+  EXPECT_NE(wrong({"in.plt", "--fence", "1,2,3,4", "--explain", "-o", "a.png"}), "accepted");
   EXPECT_NE(wrong({"in.plt", "more.plt", "--fence", "1,2,3,4", "-o", "a.png"}), "accepted");
   EXPECT_NE(wrong({"in.plt", "--fence", "1,2,3,4", "-o", "a.png", "--size", "1"}), "accepted");
 }

@@ -56,6 +56,14 @@ std::string TempFolder::write(const std::string& name, std::string_view content)
   return file(name);
 }
 
+ScopedEnvironment::ScopedEnvironment(std::string name, const std::string& value) : name_(std::move(name)) {
+  EXPECT_EQ(setenv(name_.c_str(), value.c_str(), 1), 0);
+}
+
+ScopedEnvironment::~ScopedEnvironment() {
+  unsetenv(name_.c_str());
+}
+
 std::string content_of(const std::string& file) {
   std::ifstream in(file, std::ios::binary);
   EXPECT_TRUE(in.good()) << file;

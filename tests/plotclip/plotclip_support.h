@@ -32,11 +32,24 @@ public:
   ~TempFolder();
   TempFolder(const TempFolder&) = delete;
   TempFolder& operator=(const TempFolder&) = delete;
+  std::string name() const { return path_.string(); }
   std::string file(const std::string& name) const { return (path_ / name).string(); }
   std::string write(const std::string& name, std::string_view content) const;
 
 private:
   std::filesystem::path path_;
+};
+
+// A variable of the environment while it lives; unset before and after.
+class ScopedEnvironment {
+public:
+  ScopedEnvironment(std::string name, const std::string& value);
+  ~ScopedEnvironment();
+  ScopedEnvironment(const ScopedEnvironment&) = delete;
+  ScopedEnvironment& operator=(const ScopedEnvironment&) = delete;
+
+private:
+  std::string name_;
 };
 
 std::string content_of(const std::string& file);
