@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The Corvane Print authors
 //
-// Operator new and delete of the test program, over malloc and free. The forms for arrays and without
-// exceptions come through these.
+// Operator new and delete of the test program, over malloc and free. Every form is here, although the
+// standard ones would come through the plain form: a sanitizer brings its own for whatever a program leaves
+// out, and blocks of the one must not be released by the other.
 #include "tests/support/heap_watch.h"
 
 #include <atomic>
@@ -23,16 +24,48 @@ long operator_new_calls() {
 
 }  // namespace Corvane::Print::tests
 
-void* operator new(std::size_t bytes) {
+namespace {
+
+void* counted(std::size_t bytes) noexcept {
   ++g_calls;
-  if (void* const block = std::malloc(bytes != 0 ? bytes : 1)) return block;
+  return std::malloc(bytes != 0 ? bytes : 1);
+}
+
+void* counted_or_throw(std::size_t bytes) {
+  if (void* const block = counted(bytes)) return block;
   throw std::bad_alloc();
+}
+
+}  // namespace
+
+void* operator new(std::size_t bytes) {
+  return counted_or_throw(bytes);
+}
+void* operator new[](std::size_t bytes) {
+  return counted_or_throw(bytes);
+}
+void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept {
+  return counted(bytes);
+}
+void* operator new[](std::size_t bytes, const std::nothrow_t&) noexcept {
+  return counted(bytes);
 }
 
 void operator delete(void* block) noexcept {
   std::free(block);
 }
-
+void operator delete[](void* block) noexcept {
+  std::free(block);
+}
 void operator delete(void* block, std::size_t) noexcept {
+  std::free(block);
+}
+void operator delete[](void* block, std::size_t) noexcept {
+  std::free(block);
+}
+void operator delete(void* block, const std::nothrow_t&) noexcept {
+  std::free(block);
+}
+void operator delete[](void* block, const std::nothrow_t&) noexcept {
   std::free(block);
 }
