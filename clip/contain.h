@@ -14,8 +14,8 @@ namespace Corvane::Print::clip {
 enum RayAnswer { kMiss = 0, kCross = 1, kOnEdge = 4 };
 
 // Tests the edge that starts at `edge`. `skip_next` is set when the ray crosses through one of the edge's
-// vertices, so that the edge behind that vertex must not count it again. `at_start` is set when that vertex
-// is the edge's first.
+// vertices: the cast leaves out the next edge then. `at_start` is set when the ray passes through the edge's
+// first vertex.
 RayAnswer edge_meets_ray(const FenceVertex& edge, const ProbeRecord& ray, const FenceVertex& probe,
                          bool& skip_next, bool& at_start);
 
