@@ -8,6 +8,8 @@
 function(corvane_print_test_program name)
   add_executable(${name} ${PROJECT_SOURCE_DIR}/tests/support/test_main.cpp)
   corvane_print_compile(${name})
+  # The tests' own code runs long enough to be optimised, and is compiled often enough not to be so at length.
+  target_compile_options(${name} PRIVATE -O1)
   target_compile_definitions(${name} PRIVATE CORVANE_TEST_PROGRAM="${name}")
   target_link_libraries(${name} PRIVATE gtest)
   add_test(NAME ${name} COMMAND ${name})

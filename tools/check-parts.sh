@@ -136,20 +136,31 @@ run_fuzzer() {
 
 ran_to_its_end() { grep -Eq '^Done [1-9][0-9]* runs in' "$1"; }
 
+fuzz_one() {
+  if [ ! -x "$build/linux-fuzz/$1" ]; then
+    row fuzz "$1" 0 1 0 -
+    return
+  fi
+  step fuzz "$1" run_fuzzer "$1"
+  step fuzz "$1 end" ran_to_its_end "$logs/fuzz-$1.log"
+}
+
 part_fuzz() {
   step fuzz build configure_and_build linux-fuzz || return
   export ASAN_OPTIONS=detect_leaks=1:allocator_may_return_null=1
   export LSAN_OPTIONS=suppressions=$root/tests/lsan.supp:print_suppressions=0
-  local name
+  # Two at a time.
+  local name running=0
   for name in $({ printf '%s\n' fuzz_clip fuzz_hpgl && cd "$root/tests/fuzz" && ls fuzz_*.cpp; } |
     sed 's/\.cpp$//' | sort -u); do
-    if [ -x "$build/linux-fuzz/$name" ]; then
-      step fuzz "$name" run_fuzzer "$name"
-      step fuzz "$name end" ran_to_its_end "$logs/fuzz-$name.log"
-    else
-      row fuzz "$name" 0 1 0 -
+    if [ $running -ge 2 ]; then
+      wait -n
+      running=$((running - 1))
     fi
+    fuzz_one "$name" &
+    running=$((running + 1))
   done
+  wait
 }
 
 part_valgrind() {
@@ -159,7 +170,7 @@ part_valgrind() {
   esac
   export CORVANE_TEST_SCALE=0.01
   local name
-  for name in corvane_tests corvane_host_tests plotclip_tests; do
+  for name in $(test_programs linux-x64 "corvane_tests corvane_host_tests corvane_geos_tests plotclip_tests"); do
     program valgrind "$name" valgrind --quiet --error-exitcode=9 --leak-check=full \
       --show-leak-kinds=definite,possible --errors-for-leak-kinds=definite,possible \
       --suppressions="$root/tests/valgrind.supp" "$build/linux-x64/$name"
