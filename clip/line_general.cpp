@@ -4,7 +4,8 @@
 // Follows each run of the input from cut to cut, counting how many of the fence's polygons it is inside of. A
 // stretch is kept when that number is 0 in mode 1, and when it is not in mode 2.
 //
-// State: the node pool, and the origins in the fence's probe records.
+// State: the node pool, and of the fence the working successors of its rings, which are reset before they are
+// followed, and the origins in its probe records.
 #include "clip/line_general.h"
 
 #include "clip/node_pool.h"
@@ -15,6 +16,7 @@
 
 #include <algorithm>
 #include <new>
+#include <stdexcept>
 #include <utility>
 
 namespace Corvane::Print::clip {
@@ -133,6 +135,8 @@ int CORVANE_PRINT_CALL clip_line_general(FencePolygon* fence, int dim, int num_p
   }
   return room.finish_lines(num_pieces, num_out);
 } catch (const std::bad_alloc&) {
+  return CL_NO_MEMORY;
+} catch (const std::length_error&) {  // on 32 bits: more points than a vector can count
   return CL_NO_MEMORY;
 }
 

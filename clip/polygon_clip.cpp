@@ -10,6 +10,7 @@
 
 #include "clip/keep.h"
 #include "clip/output_room.h"
+#include "clip/point_count.h"
 #include "clip/ring.h"
 #include "clip/subject.h"
 
@@ -49,6 +50,7 @@ int clip_polygon(FencePolygon* fence, int dim, int num_points, const double* poi
     return suggest_room(num_points, num_pieces, num_out);
   }
   if (fence == nullptr || (dim != 2 && dim != 3) || num_points == 0) return CL_BAD_ARGUMENT;
+  if (!is_addressable(num_points, dim)) return CL_BAD_ARGUMENT;
   OutputRoom room(dim, *num_pieces, counts, out, *num_out);
   Subject subject;
   subject.build(*fence, dim, num_points, points);

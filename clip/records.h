@@ -88,8 +88,14 @@ union Cnode {
 
 static_assert(std::is_trivial_v<FenceVertex> && std::is_standard_layout_v<FenceVertex>);
 static_assert(std::is_trivial_v<FencePolygon> && std::is_standard_layout_v<FencePolygon>);
-static_assert(offsetof(FenceVertex, tolerance) == 32 && offsetof(FenceVertex, dx) == 40 &&
-              offsetof(FenceVertex, param) == 56 && offsetof(FenceVertex, marker) == 64 &&
+static_assert(offsetof(ClipExtent, xmin) == 0 && offsetof(ClipExtent, ymin) == 8 &&
+              offsetof(ClipExtent, zmin) == 16 && offsetof(ClipExtent, xmax) == 24 &&
+              offsetof(ClipExtent, ymax) == 32 && offsetof(ClipExtent, zmax) == 40);
+static_assert(offsetof(FenceVertex, x) == 0 && offsetof(FenceVertex, y) == 8 &&
+              offsetof(FenceVertex, z) == 16 && offsetof(FenceVertex, w) == 24 &&
+              offsetof(FenceVertex, tolerance) == 32 && offsetof(FenceVertex, dx) == 40 &&
+              offsetof(FenceVertex, dy) == 48 && offsetof(FenceVertex, param) == 56 &&
+              offsetof(FenceVertex, marker) == 64 && offsetof(FenceVertex, marker2) == 68 &&
               offsetof(FenceVertex, next) == 72);
 static_assert(offsetof(FenceVertex, next) < offsetof(FenceVertex, next2) &&
               offsetof(FenceVertex, next2) < offsetof(FenceVertex, prev) &&
@@ -109,9 +115,20 @@ static_assert(offsetof(FencePolygon, first) == 0 &&
               offsetof(FencePolygon, lineClipper) < offsetof(FencePolygon, overlap) &&
               offsetof(FencePolygon, overlap) < offsetof(FencePolygon, probe) &&
               offsetof(FencePolygon, probe) < offsetof(FencePolygon, refCount));
+static_assert(offsetof(CLclpMemType, dim) == 0 && offsetof(CLclpMemType, polyRequest) == 4 &&
+              offsetof(CLclpMemType, polyCapacity) == 8 &&
+              offsetof(CLclpMemType, polyCapacity) < offsetof(CLclpMemType, counts) &&
+              offsetof(CLclpMemType, counts) < offsetof(CLclpMemType, pointRequest) &&
+              offsetof(CLclpMemType, pointRequest) < offsetof(CLclpMemType, pointCapacity) &&
+              offsetof(CLclpMemType, pointCapacity) < offsetof(CLclpMemType, points));
+// On 32 bits, where hosts and debuggers know the offsets.
 static_assert(sizeof(void*) != 4 ||
               (sizeof(FenceVertex) == 136 && sizeof(FencePolygon) == 112 && sizeof(CLclpMemType) == 28 &&
-               offsetof(FencePolygon, area) == 24 && offsetof(FencePolygon, extent) == 40));
+               offsetof(FenceVertex, partner) == 84 && offsetof(FenceVertex, extent) == 88 &&
+               offsetof(FencePolygon, dim) == 20 && offsetof(FencePolygon, area) == 24 &&
+               offsetof(FencePolygon, nextPoly) == 32 && offsetof(FencePolygon, extent) == 40 &&
+               offsetof(FencePolygon, refCount) == 108 && offsetof(CLclpMemType, counts) == 12 &&
+               offsetof(CLclpMemType, points) == 24));
 
 }  // namespace Corvane::Print::clip
 

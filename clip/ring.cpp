@@ -26,7 +26,8 @@ void link(FenceVertex* a, FenceVertex* b) {
 }
 
 // Returns the number of vertices that remain. A vertex that repeats its predecessor goes; at the seam the
-// last vertex goes, so that `first` always stays.
+// last vertex goes, so that `first` always stays. The edge that is left runs from the vertex that stays to
+// the next one that stays, as if the points between had never been given.
 int drop_repeated_points(FenceVertex* first) {
   int count = 1;
   FenceVertex* v = first;

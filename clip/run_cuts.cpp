@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The Corvane Print authors
 //
-// No shared state but the node pool, which the vertices come from.
+// No shared state but the node pool, which the vertices come from, and the working fields of the fence's
+// rings.
 #include "clip/run_cuts.h"
 
 #include "clip/candidates.h"
@@ -115,6 +116,14 @@ bool inside_between(const Run& run, const Cut* from, const Cut* to, const FenceP
   return witness_between(run, from, to, fence).side() != Side::kOutside;
 }
 
+// For a run without cuts. The ring is reset first: a polygon clip leaves it leading through vertices whose
+// nodes the run has taken over meanwhile.
+bool lies_inside(const Run& run, FencePolygon& fence) {
+  if (!within_xy(run.extent, fence.extent)) return false;
+  reset_ring(fence);
+  return probe_is_inside(*run.first, fence);
+}
+
 }  // namespace
 
 Run build_run(const LinePoint* points, std::size_t count) {
@@ -152,7 +161,7 @@ Cuts cut_run_at(const Run& run, FencePolygon& fence, int number, bool& inside_at
                        if (m.found()) cuts.push_back(make_cut(m, e, f, number));
                      });
   if (cuts.empty()) {
-    inside_at_start = is_inside(*run.first, run.extent, fence);
+    inside_at_start = lies_inside(run, fence);
     return cuts;
   }
   drop_repeated(cuts);

@@ -95,12 +95,30 @@ TEST_F(ClipCalls, ALineWithABadArgumentReachesNoClipper) {
     bad.push_back(given_);
     bad.back().dim = dim;
   }
-  for (const int count : {-1, INT_MIN}) {
+  for (const int count : {-1, INT_MIN, INT_MAX, INT_MAX / 2 + 1}) {
     bad.push_back(given_);
     bad.back().num_points = count;
   }
   bad.push_back(Arguments{});
   for (std::size_t i = 0; i < bad.size(); ++i) EXPECT_EQ(line(bad[i]), CL_BAD_ARGUMENT) << "case " << i;
+  EXPECT_EQ(g_calls, 0);
+}
+
+TEST_F(ClipCalls, ALineOfTheMostPointsReachesItsClipper) {
+  given_.num_points = sizeof(void*) == 4 ? (1 << 28) - 1 : INT_MAX / 2;
+  EXPECT_EQ(line(given_), CL_OK);
+  EXPECT_EQ(g_calls, 1);
+}
+
+// What cannot be there is not read.
+TEST_F(ClipCalls, PointsThatTheAddressSpaceCannotHoldAreRefused) {
+  if (sizeof(void*) != 4) return;  // where it can hold as many as can be counted
+  for (const int dim : {2, 3}) {
+    given_.dim = dim;
+    given_.num_points = dim == 2 ? 1 << 28 : (1 << 29) / 3 + 1;
+    EXPECT_EQ(line(given_), CL_BAD_ARGUMENT);
+    EXPECT_EQ(polygon(given_), CL_BAD_ARGUMENT);
+  }
   EXPECT_EQ(g_calls, 0);
 }
 
@@ -134,6 +152,23 @@ TEST_F(ClipCalls, APolygonWithoutRoomIsToldAFirstSize) {
   EXPECT_EQ(polygon(given_), CL_TOO_SMALL);
   EXPECT_EQ(pieces_, 4);
   EXPECT_EQ(used_, 8);
+}
+
+TEST_F(ClipCalls, AFirstSizeIsSuggestedForAsManyPointsAsCanBeDoubled) {
+  pieces_ = used_ = 0;
+  given_.num_points = INT_MAX / 2;
+  EXPECT_EQ(polygon(given_), CL_TOO_SMALL);
+  EXPECT_EQ(pieces_, INT_MAX / 2);
+  EXPECT_EQ(used_, INT_MAX - 1);
+  pieces_ = used_ = 0;
+  for (const int count : {INT_MAX / 2 + 1, INT_MAX, -1, INT_MIN}) {
+    given_.num_points = count;
+    EXPECT_EQ(polygon(given_), CL_BAD_ARGUMENT) << count;
+    EXPECT_TRUE(pieces_ == 0 && used_ == 0) << count;
+  }
+  given_.num_points = 0;
+  EXPECT_EQ(polygon(given_), CL_TOO_SMALL);
+  EXPECT_TRUE(pieces_ == 0 && used_ == 0);
 }
 
 TEST_F(ClipCalls, APolygonGetsWhatTheEngineAnswers) {

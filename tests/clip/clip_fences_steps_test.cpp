@@ -149,11 +149,22 @@ TEST(ClipFences, TheSharedMemoriesGrowUntilEverythingFits) {
     EXPECT_EQ(fault(clip, subject, dim), "");
     if (dim == 2) {
       EXPECT_EQ(clip::clipMem2.polyRequest, 600);
+      EXPECT_EQ(clip::clipMem2.pointRequest, 1800);
       EXPECT_GE(clip::clipMem2.polyCapacity, 600);
       EXPECT_GT(clip::clipMem2.pointCapacity, 1800);
       EXPECT_GE(clip::clipMem1.pointCapacity, 40 * 33);
     }
   }
+}
+
+TEST(ClipFences, RoomIsAskedForAsManyPointsAndAThirdAsManyPolygonsFirst) {
+  release_clip_memory();
+  Random random(7);
+  const Fence subject({star(random, 9, 50, 90)}, CL_KEEP_INSIDE);
+  ASSERT_EQ(clip_fences(Fence({star(random, 8, 60, 80)}, CL_KEEP_INSIDE), subject).status, CL_OK);
+  EXPECT_EQ(clip::clipMem1.polyCapacity, 3);
+  EXPECT_EQ(clip::clipMem1.pointCapacity,
+            11);  // the closing point was short: the need is 10, and one to spare
 }
 
 // Memory that ran out
@@ -190,6 +201,9 @@ void fail_at_every_request(const FailureCase& c, long (*plan)(long)) {
     } else {
       ASSERT_EQ(result, nowhere) << successes;
       ASSERT_TRUE(status == CL_NO_MEMORY || status == CL_BAD_ARGUMENT) << status << " at " << successes;
+      if (successes < 2) {  // the arrays for the subject's polygons
+        ASSERT_EQ(status, CL_NO_MEMORY) << successes;
+      }
       ++(status == CL_NO_MEMORY ? no_memory : not_built);
     }
     ASSERT_EQ(blocks_in_use(), blocks) << successes;
@@ -222,6 +236,23 @@ FailureCase failure_case(int dim) {
 TEST(ClipFences, NoMemoryAnywhereLeaksNothingAndLeavesBothFencesUsable) {
   for (const int dim : {2, 3}) {
     fail_at_every_request(failure_case(dim), [](long n) { return platform::capi_fail_after(n); });
+  }
+}
+
+TEST(ClipFences, TheCallAfterAFailureGoesOnWithWhatTheSharedMemoriesHold) {
+  const FailurePlanEnds plan_ends;
+  for (const int dim : {2, 3}) {
+    const FailureCase c = failure_case(dim);
+    for (long successes = 0;; ++successes) {
+      ASSERT_LT(successes, 1000);
+      release_overflow_buffers();
+      release_clip_memory();
+      platform::capi_fail_after(successes);
+      const int status = clip_fences(c.clip, c.subject).status;
+      platform::capi_fail_after(-1);
+      ASSERT_EQ(fault(c.clip, c.subject, dim), "") << successes;  // the memories as the failure left them
+      if (status == CL_OK) break;
+    }
   }
 }
 

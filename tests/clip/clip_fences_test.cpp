@@ -4,8 +4,7 @@
 // The intersection of two fences: its short cuts, its depth, what it leaves alone, and, over random fences,
 // that it is what a caller gets who copies the subject's polygons out and clips them one by one.
 //
-// Not tested: the first values of the two shared memories, which earlier tests have used by then; and an
-// inconsistent polygon clip, which no input is known to cause.
+// What the shared memories start with is looked at before any test has used them.
 #include "clip/clip_memory.h"
 #include "clip/line_rect.h"
 #include "clip/records.h"
@@ -27,6 +26,20 @@ namespace Corvane::Print::tests {
 namespace {
 
 const Ring kTriangle = {{0, 0, 0}, {20, 0, 0}, {0, 20, 0}};
+
+const CLclpMemType g_first_values[2] = {clip::clipMem1, clip::clipMem2};
+
+TEST(ClipFences, TheSharedMemoriesStartWithoutArraysAndWithModestRequests) {
+  for (const CLclpMemType& memory : g_first_values) {
+    EXPECT_EQ(memory.dim, 3);
+    EXPECT_EQ(memory.polyRequest, 25);
+    EXPECT_EQ(memory.polyCapacity, 0);
+    EXPECT_EQ(memory.counts, nullptr);
+    EXPECT_EQ(memory.pointRequest, 150);
+    EXPECT_EQ(memory.pointCapacity, 0);
+    EXPECT_EQ(memory.points, nullptr);
+  }
+}
 
 Fence box(double x0, double y0, double x1, double y1, FenceShape shape = {}, int mode = CL_KEEP_INSIDE) {
   return Fence({{{x0, y0, 0}, {x1, y1, 0}}}, mode, shape);
@@ -110,6 +123,14 @@ TEST(ClipFences, WithAFlatFenceTheDepthIsTheSubjects) {
                                           Fence({moved(kTriangle, 2, 2)}, CL_KEEP_INSIDE, {2, 6, 9}));
   ASSERT_EQ(general.status, CL_OK);
   EXPECT_TRUE(header(general).extent.zmin == 6 && header(general).extent.zmax == 9);
+  // The vertices of a solid subject still have to lie within the flat fence's own range.
+  const Fence flat({kTriangle}, CL_KEEP_INSIDE, {2, 0, 5});
+  const Ring low = lifted(moved(kTriangle, 2, 2), 0, 0, 3), high = lifted(moved(kTriangle, 2, 2), 0, 0, 7);
+  const FenceResult solid = clip_fences(flat, Fence({low}, CL_KEEP_INSIDE, {3, 6, 9}));
+  ASSERT_EQ(solid.status, CL_OK);
+  EXPECT_EQ(header(solid).dim, 3);
+  EXPECT_TRUE(header(solid).extent.zmin == 6 && header(solid).extent.zmax == 9);
+  EXPECT_EQ(clip_fences(flat, Fence({high}, CL_KEEP_INSIDE, {3, 6, 9})).status, CL_EMPTY);
 }
 
 TEST(ClipFences, RectanglesApartGiveEmptyAndANullHandle) {
@@ -182,6 +203,15 @@ TEST(ClipFences, NothingLeftGivesEmptyAndANullHandle) {
   }
 }
 
+// The subject crosses itself: the clip of its polygon is what reports it.
+TEST(ClipFences, AnInconsistentPolygonClipIsReportedAndTheHandleStays) {
+  const Fence clip({{{20, 0, 0}, {60, 30, 0}, {40, 60, 0}}}, CL_KEEP_OUTSIDE);
+  const Fence subject({{{0, 10, 0}, {0, 50, 0}, {20, 0, 0}, {30, 10, 0}, {40, 10, 0}}}, CL_KEEP_INSIDE);
+  const Outcome o = outcome(clip, subject);
+  EXPECT_EQ(o.status, CL_INCONSISTENT);
+  EXPECT_EQ(o.handle, not_a_fence());
+}
+
 TEST(ClipFences, APolygonOfWhichNothingIsLeftIsPassedOver) {
   const Fence subject({moved(kTriangle, 100, 0), moved(kTriangle, 2, 2), moved(kTriangle, 0, 90)},
                       CL_KEEP_INSIDE);
@@ -227,6 +257,21 @@ TEST(ClipFences, TheSharedMemoriesAreKeptForTheNextCall) {
   ASSERT_EQ(clip_fences(clip, subject).status, CL_OK);
   EXPECT_TRUE(clip::clipMem1.counts == first.counts && clip::clipMem1.points == first.points);
   EXPECT_TRUE(clip::clipMem2.counts == second.counts && clip::clipMem2.points == second.points);
+  // Where nothing is left, so are the totals.
+  ASSERT_EQ(clip_fences(clip, Fence({moved(kTriangle, 100, 0)}, CL_KEEP_INSIDE)).status, CL_EMPTY);
+  EXPECT_EQ(clip::clipMem2.polyRequest, 0);
+  EXPECT_EQ(clip::clipMem2.pointRequest, 0);
+  EXPECT_TRUE(clip::clipMem2.counts == second.counts && clip::clipMem2.points == second.points);
+}
+
+TEST(ClipFences, WithoutMemoryForTheCommonRectangleTheHandleStays) {
+  const FailurePlanEnds plan_ends;
+  const Fence a = box(0, 0, 10, 12), b = box(4, -3, 30, 7);
+  platform::capi_fail_after(0);
+  const Outcome o = outcome(a, b);
+  platform::capi_fail_after(-1);
+  EXPECT_EQ(o.status, CL_BAD_ARGUMENT);  // what a definition answers
+  EXPECT_EQ(o.handle, not_a_fence());
 }
 
 }  // namespace

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The Corvane Print authors
 //
-// The inside test: what each edge answers to the ray, and the counting around a ring.
+// The inside test: what each edge answers to the ray, and the counting around a ring. What holds at exactly a
+// tolerance is in contain_limits_test.cpp.
 #include "clip/contain.h"
 
 #include "clip/tolerances.h"
@@ -274,6 +275,13 @@ TEST(Contain, ACrossingThroughAnEdgesFirstVertexSkipsTheNextEdgeToo) {
   const Fence fence({step}, CL_KEEP_OUTSIDE);  // keeps the order of the points
   turn_ray(*fence.handle(), 0);
   EXPECT_TRUE(inside(fence, 0, 5));
+  // With the ring's first vertex above the probe the cast starts behind it, at (-10, 30): nothing has been
+  // crossed that would leave that edge out.
+  for (const std::size_t first : {3u, 4u}) {
+    const Fence turned({rotated(step, first)}, CL_KEEP_OUTSIDE);
+    turn_ray(*turned.handle(), 0);
+    EXPECT_FALSE(inside(turned, 0, 5));
+  }
 }
 
 bool has_edge_along(const Ring& ring, double slope) {

@@ -140,6 +140,25 @@ TEST(DepthCut, AnUprightCutLineIsOrderedByY) {
   EXPECT_EQ(cut(lying, -100, 5).size(), 1u);
 }
 
+// Of the points on an all but upright line the last bit of x is rounding; it must not put them in another
+// order.
+TEST(DepthCut, AnAllButUprightCutLineIsOrderedByYToo) {
+  constexpr int kTeeth = 40;
+  Ring lying = {{0, 0}};
+  for (int i = 0; i < kTeeth; ++i) {
+    const double tip = 7 + (i * 7 % 11) * 0.37, root = 1 + (i * 5 % 13) * 0.23;
+    lying.push_back({tip, 2.0 * i});
+    lying.push_back({tip, 2.0 * i + 1});
+    lying.push_back({root, 2.0 * i + 1});
+    lying.push_back({root, 2.0 * i + 2});
+  }
+  lying.push_back({0, 2.0 * kTeeth});
+  const Ring ring = lifted(lying, 0.1, 0, 0);
+  EXPECT_EQ(cut(ring, 0.5, 100).size(), static_cast<std::size_t>(kTeeth));
+  expect_exact(ring, 0.5, 100);
+  expect_exact(ring, -100, 0.5);
+}
+
 TEST(DepthCut, TheLowBoundIsCutFirstAndEveryRingOfItAgainstTheHighOne) {
   // A U whose arms are combs of two again: below 3 and above 7 it comes apart differently.
   const Ring h = standing(

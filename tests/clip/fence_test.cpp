@@ -83,6 +83,25 @@ TEST(Fence, TwoCornersAmongSeveralPolygonsAreARingOfTwo) {
   CLdeleteFence(fence);
 }
 
+TEST(Fence, AnyTwoOppositeCornersGiveTheSameRectangleInEitherMode) {
+  const auto kept = [](const Ring& corners, int mode, int dim) {
+    const Fence fence({corners}, mode, {dim, -9, 9});
+    const FencePolygon& p = *fence.handle();
+    EXPECT_EQ(signed_area(ring_of(p)), mode == CL_KEEP_INSIDE ? -200 : 200);
+    EXPECT_EQ(p.clockwise, mode == CL_KEEP_INSIDE ? 1 : 0);
+    EXPECT_EQ(ring_of(p)[0], (Point{corners[0].x, corners[0].y, dim == 3 ? corners[0].z : 0.0}));
+    EXPECT_TRUE(p.extent.xmin == 1 && p.extent.ymin == 2 && p.extent.xmax == 11 && p.extent.ymax == 22);
+    for (const Point& v : ring_of(p)) EXPECT_EQ(v.z, dim == 3 ? corners[0].z : 0.0);
+  };
+  for (const Ring& corners : {Ring{{1, 2, 7}, {11, 22, 9}}, Ring{{11, 22, 7}, {1, 2, 9}},
+                              Ring{{1, 22, 7}, {11, 2, 9}}, Ring{{11, 2, 7}, {1, 22, 9}}}) {
+    for (const int mode : {CL_KEEP_OUTSIDE, CL_KEEP_INSIDE}) {
+      kept(corners, mode, 2);
+      kept(corners, mode, 3);
+    }
+  }
+}
+
 TEST(Fence, TwoCornersCountAsARectangleEvenWithoutExtent) {
   EXPECT_TRUE(rectangular(Fence({{{0, 0, 0}, {10, 10, 0}}}, CL_KEEP_INSIDE)));
   EXPECT_TRUE(rectangular(Fence({{{0, 0, 0}, {0, 10, 0}}}, CL_KEEP_INSIDE)));
@@ -136,6 +155,9 @@ TEST(Fence, HalvesRoundAwayFromZero) {
   EXPECT_TRUE(left_edge(0.5, 1.0) && left_edge(0.5, 1.4) && left_edge(-0.5, -1.0) && left_edge(2.5, 3));
   EXPECT_FALSE(left_edge(0.5, 0.25) || left_edge(-0.5, 0.0) || left_edge(-0.5, 0.5) || left_edge(2.5, 2));
   EXPECT_TRUE(left_edge(-0.25, 0.25) && left_edge(-0.0, 0.0));
+  // The sum with a half is what is cut off: the number next below a half makes 1 with it.
+  const double below_half = std::nextafter(0.5, 0.0);
+  EXPECT_TRUE(left_edge(below_half, 1.0) && left_edge(-below_half, -1.0));
 }
 
 TEST(Fence, TheRectangleTestIgnoresZ) {
@@ -287,6 +309,9 @@ TEST(Fence, NoMemoryIsABadArgument) {
       platform::capi_fail_after(successes);
       EXPECT_EQ(define_three(&fence), CL_BAD_ARGUMENT);
       EXPECT_EQ(fence, not_a_fence());
+      if (successes == 1) {  // the pool does not hold on to the block that was given back
+        EXPECT_EQ(clip::BufferTable[0].buffer, nullptr);
+      }
     }
     platform::capi_fail_after(-1);
   }

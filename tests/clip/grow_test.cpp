@@ -243,6 +243,19 @@ TEST(Grow, ALargeRingNeedsMemoryAndReportsItsLack) {
   EXPECT_EQ(grow(2, counts, points, 0.5), reference_grow(2, counts, points, 0.5));
 }
 
+TEST(Grow, TheWorkRingIsObtainedOnceForAllEntries) {
+  Numbers points;
+  for (int i = 0; i < 300 + 500 + 400; ++i) {
+    points.push_back(std::cos(i * 0.01));
+    points.push_back(std::sin(i * 0.01));
+  }
+  const std::vector<int> counts = {300, 500, 400};
+  platform::capi_fail_after(-1);
+  const Numbers grown = grow(2, counts, points, 0.5);
+  EXPECT_EQ(platform::capi_fail_after(-1), 1);
+  EXPECT_EQ(grown, reference_grow(2, counts, points, 0.5));
+}
+
 TEST(Grow, ASmallRingNeedsNoHeap) {
   platform::capi_fail_after(0);
   const Numbers grown = grow(2, {4}, kSquare, 1);

@@ -46,6 +46,16 @@ TEST(KeepOutside, ASubjectInsideLeavesNothing) {
   expect_kept({kLeft}, rectangle(0, 3, 4, 10), {});  // shares edge parts from within
 }
 
+// Fence polygons should not overlap; where they do, one that holds the subject settles it.
+TEST(KeepOutside, NothingIsLeftWhenOneHoldsTheSubjectWhateverTheOthersDo) {
+  const Ring subject = rectangle(2, 3, 8, 5), across = rectangle(4, -5, 6, 15),
+             within = rectangle(3, 3.5, 4, 4);
+  for (const Rings& fence : {Rings{kLeft, across}, Rings{across, kLeft}, Rings{kLeft, within},
+                             Rings{within, kLeft}, Rings{kLeft, kLeft}}) {
+    expect_kept(fence, subject, {});
+  }
+}
+
 TEST(KeepOutside, ASubjectElsewhereIsKeptWholeAndOnce) {
   expect_kept({kLeft}, rectangle(12, 3, 14, 5), {outline(12, 3, 14, 5)});
   expect_kept({kLeft, kRight}, rectangle(12, 3, 14, 5), {outline(12, 3, 14, 5)});

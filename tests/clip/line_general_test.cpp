@@ -8,8 +8,10 @@
 #include "tests/clip/clip_state.h"
 #include "tests/support/area.h"
 #include "tests/support/clip_call.h"
+#include "tests/support/grid_shapes.h"
 #include "tests/support/guarded.h"
 #include "tests/support/random.h"
+#include "tests/support/runtime_variable.h"
 #include "tests/support/scale.h"
 #include "tests/support/shapes.h"
 
@@ -132,6 +134,16 @@ TEST(LineGeneral, FromOnePolygonIntoItsNeighbourALineIsNotCut) {
   EXPECT_EQ(outside({{-5, 5}, {25, 5}}, pair), (Rings{{{-5, 5}, {0, 5}}, {{20, 5}, {25, 5}}}));
 }
 
+// A gap narrower than the snapping distance is none.
+TEST(LineGeneral, ANarrowGapBetweenNeighboursDoesNotCutALine) {
+  const auto pieces = [](double gap) {
+    const Rings pair = {rectangle(0, 0, 10, 10), rectangle(10 + gap, 0, 20, 10)};
+    return inside({{-5, 5}, {25, 5}}, pair);
+  };
+  EXPECT_EQ(pieces(0.9e-5), (Rings{{{0, 5}, {20, 5}}}));
+  EXPECT_EQ(pieces(1.1e-5).size(), 2u);
+}
+
 TEST(LineGeneral, ADeepLineIsCutToTheDepthRangeFirst) {
   const FenceShape deep = {3, 0, 10};
   const Ring line = {{2, 5, -5}, {8, 5, 5}, {20, 5, 5}};
@@ -152,6 +164,45 @@ TEST(LineGeneral, AFlatLineKnowsNoDepth) {
 TEST(LineGeneral, ACutCarriesTheLinesInterpolatedZ) {
   EXPECT_EQ(clip({kSquare}, CL_KEEP_INSIDE, {{-5, 5, 1}, {15, 5, 5}}, 3, {3, 0, 10}),
             (Rings{{{0, 5, 2}, {10, 5, 4}}}));
+}
+
+// A polygon clip leaves the fence's rings leading through vertices of its own, whose nodes the next line
+// takes over. The ray from the line's first point goes straight up through the diamond's top.
+TEST(LineGeneral, APolygonClipBeforeItChangesNothing) {
+  const RuntimeVariable upright("VX_CLIP_RAY_SLOPE", "0");
+  Ring line = {{0, 0}};
+  for (int i = 0; i < 30; ++i) line.push_back({-1 - i * 0.1, 0});
+  for (const int mode : {CL_KEEP_INSIDE, CL_KEEP_OUTSIDE}) {
+    const Fence f({{{0, -10}, {-10, 0}, {0, 10}, {10, 0}}}, mode);
+    const Rings before = clip_line(f, line).rings;
+    EXPECT_EQ(before.size(), mode == CL_KEEP_INSIDE ? 1u : 0u);
+    for (const Ring& subject : {Ring{{20, 20}, {2, 4}, {4, 2}}, Ring{{-20, 20}, {-2, 4}, {-4, 2}}}) {
+      EXPECT_EQ(clip_polygon(f, subject).status, CL_OK);
+      EXPECT_EQ(clip_line(f, line).rings, before);
+    }
+  }
+}
+
+// On the grid the rays pass through many vertices.
+TEST(LineGeneral, AFenceThatWasClippedAgainstGivesWhatAFreshOneGives) {
+  constexpr std::uint64_t kSeed = 0x11E1;
+  const RuntimeVariable diagonal("VX_CLIP_RAY_SLOPE", "1");
+  for (int i = 0; i < scaled(500); ++i) {
+    SCOPED_TRACE(testing::Message() << "seed " << case_seed(kSeed, i));
+    Random random(case_seed(kSeed, i));
+    const Ring fence_ring = grid_polygon(random);
+    const int mode = random.between(1, 2);
+    const Fence used({fence_ring}, mode), fresh({fence_ring}, mode);
+    EXPECT_EQ(clip_polygon(used, grid_polygon(random)).status, CL_OK);
+    Ring line;
+    for (int run = 0; run < 5; ++run) {
+      const double x = random.between(0, 7) * kGridSpacing, y = random.between(0, 7) * kGridSpacing;
+      line.push_back({x, y});
+      for (int k = 0; k < 30; ++k) line.push_back({x + random.between(1, 40), y + random.between(1, 40)});
+      line.push_back(kBreak);
+    }
+    EXPECT_EQ(text_of(clip_line(used, line).rings), text_of(clip_line(fresh, line).rings));
+  }
 }
 
 TEST(LineGeneral, ArgumentsThatAreNullOrOutOfRangeAreRefused) {
@@ -252,6 +303,22 @@ TEST(LineGeneral, LackOfMemoryIsReportedLeaksNothingAndLeavesTheFenceUsable) {
       }
       EXPECT_GT(failures, 3);
     }
+  }
+}
+
+// On 32 bits no vector counts so many points; elsewhere there is no memory. Nothing is read.
+TEST(LineGeneral, MorePointsThanCanBeHeldAreALackOfMemory) {
+  const FailurePlanEnds ends;
+  const Fence f({kSquare}, CL_KEEP_INSIDE);
+  const double none[1] = {};
+  for (const int count : {100 * 1000 * 1000, (1 << 29) / 3}) {
+    int pieces = 1, counts[1], points = 1;
+    double out[3];
+    platform::capi_fail_after(0);
+    const int status = CLclipLine(f.handle(), 3, count, none + 1, &pieces, counts, out, &points);
+    platform::capi_fail_after(-1);
+    EXPECT_EQ(status, CL_NO_MEMORY);
+    EXPECT_TRUE(pieces == 1 && points == 1);
   }
 }
 

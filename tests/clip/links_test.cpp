@@ -164,6 +164,19 @@ TEST(Links, FencePolygonsThatMeetTheSubjectElsewhereAreNotContested) {
   EXPECT_EQ(clip::linked_fence(*by_fence[3]), 1);
 }
 
+// A gap narrower than the snapping distance is none.
+TEST(Links, FencePolygonsThatMeetTheSubjectWithinTheToleranceAreContested) {
+  const auto contested = [](double gap) {
+    const Ring left = {{0, 0}, {0, 10}, {5, 10}, {5, 0}};
+    const Ring right = {{5 + gap, 0}, {5 + gap, 10}, {9, 10}, {9, 0}};
+    const Fence fence({left, right}, CL_KEEP_OUTSIDE);
+    Linking l(fence, {{3, 3}, {3, 4}, {7, 4}, {7, 3}});
+    return l.linker.contested();
+  };
+  EXPECT_TRUE(contested(0.9e-5));
+  EXPECT_FALSE(contested(1.1e-5));
+}
+
 TEST(Links, ASubjectVertexSharedByTwoFencePolygonsIsContested) {
   const Fence fence({{{0, 0}, {0, 10}, {5, 10}, {5, 0}}, {{5, 0}, {5, 10}, {9, 10}, {9, 0}}},
                     CL_KEEP_OUTSIDE);
@@ -271,6 +284,17 @@ TEST(Links, CrossingsPlacedAtAChainFollowTheFenceWhereItBoundsTheKeptPart) {
   EXPECT_TRUE(l.at(5, 0)->marker2 & clip::kCrossing);
   EXPECT_FALSE(l.at(0, 0)->marker2 & clip::kCrossing);
   EXPECT_FALSE(l.at(0, 10)->marker2 & clip::kCrossing);
+}
+
+// Comes from inside, runs up along the left side and leaves: the crossing is where the chain starts.
+TEST(Links, ACrossingOutOfTheKeptSideCountsWhereItsChainStarts) {
+  const Fence fence = inside_of(kSquare);
+  Linking l(fence, {{5, 5}, {0, 3}, {0, 7}, {-5, 8}, {-5, 20}, {5, 20}});
+  ASSERT_EQ(l.crossings(), 2);
+  EXPECT_TRUE(l.at(0, 3)->marker2 & clip::kCrossing);
+  EXPECT_FALSE(l.at(0, 3)->marker2 & clip::kEntry);
+  EXPECT_FALSE(l.at(0, 7)->marker2 & clip::kCrossing);
+  EXPECT_TRUE(l.at(5, 10)->marker2 & clip::kEntry);
 }
 
 TEST(Links, ARingThatRunsAlongTheOtherEverywhereLiesAlong) {

@@ -132,16 +132,29 @@ TEST(PolygonClip, ChainsOfSharedEdgesEnteringAndLeaving) {
                area(Ring{{10, 30}, {10, 20}, {20, 20}, {20, 10}, {0, 0}}));
 }
 
+// A walk may be far longer than the subject.
+TEST(PolygonClip, APieceMayTakeInAnyNumberOfFenceVertices) {
+  Random random(0x1046);
+  const Ring around = star(random, 200, 50, 90), half = {{-200, 3}, {-200, 200}, {200, 200}, {200, 3}};
+  const double inside = kept_area(clip({around}, CL_KEEP_INSIDE, half));
+  EXPECT_GT(inside, 1000);
+  EXPECT_NEAR(inside, kept_area(clip({half}, CL_KEEP_INSIDE, around)), 1e-6);
+  EXPECT_NEAR(kept_area(clip({around}, CL_KEEP_OUTSIDE, half)), area(half) - inside, 1e-6);
+}
+
 TEST(PolygonClip, ASubjectEdgeWithinTheToleranceOfAFenceVertexMeetsItThere) {
   // Past the corner (10, 10) by 0.000004: no vertex beside it appears in the output.
   for (const double off : {-0.000004, 0.0, 0.000004}) {
     const Ring subject = {{5, 15 + off}, {15 + off, 5}, {-20, -20}};
+    int corners = 0;
     for (const Ring& piece : clip({kSquare}, CL_KEEP_INSIDE, subject)) {
       for (const Point& p : piece) {
         const bool near_corner = p.x > 9.99 && p.y > 9.99;
         EXPECT_TRUE(!near_corner || (p.x == 10 && p.y == 10)) << text_of(piece);
+        corners += near_corner ? 1 : 0;
       }
     }
+    EXPECT_EQ(corners, 1) << off;
   }
 }
 
@@ -266,10 +279,26 @@ TEST(PolygonClip, ArgumentsThatAreNullOrOutOfRangeAreRefused) {
 
 // A subject that crosses itself has no inside to follow: the walk may take in a fence corner far away.
 TEST(PolygonClip, OutputThatLeavesTheSubjectsExtentIsReportedAsInconsistent) {
+  const struct {
+    Ring fence, subject;
+  } beyond_one_side[] = {
+      {{{50, 10}, {0, 10}, {60, 60}}, {{30, 50}, {60, 30}, {10, 50}, {30, 10}, {60, 40}}},
+      {{{0, 30}, {20, 50}, {60, 30}}, {{10, 60}, {0, 20}, {30, 30}, {50, 0}, {20, 0}}},
+      {{{50, 30}, {20, 60}, {50, 0}}, {{60, 40}, {30, 30}, {50, 10}, {10, 30}, {0, 10}}},
+      {{{20, 40}, {30, 10}, {10, 60}}, {{20, 50}, {0, 20}, {30, 10}, {40, 30}, {0, 20}}},
+  };
+  for (const auto& c : beyond_one_side) {
+    EXPECT_EQ(clip_polygon(Fence({c.fence}, CL_KEEP_OUTSIDE), c.subject).status, CL_INCONSISTENT)
+        << text_of(c.subject);
+  }
   const Fence fence({{{20, 0}, {60, 30}, {40, 60}}}, CL_KEEP_OUTSIDE);
   const Pieces pieces = clip_polygon(fence, {{0, 10}, {0, 50}, {20, 0}, {30, 10}, {40, 10}});
   EXPECT_EQ(pieces.status, CL_INCONSISTENT);
   EXPECT_TRUE(pieces.canaries);
+  // It is told after the lack of room, not instead of it.
+  const Pieces grown = clip_polygon(fence, {{0, 10}, {0, 50}, {20, 0}, {30, 10}, {40, 10}}, 2, Room{1, 1});
+  EXPECT_EQ(grown.status, CL_INCONSISTENT);
+  EXPECT_EQ(grown.calls, 2);
 }
 
 // Snapping to the fence may write a corner a hair outside the subject; that is no inconsistency.

@@ -7,6 +7,7 @@
 // are equal, because the length is the same either way.
 #include "clip/probe.h"
 
+#include "corvane/print/cf.h"
 #include "tests/clip/bits.h"
 #include "tests/clip/clip_state.h"
 #include "tests/support/area.h"
@@ -100,6 +101,24 @@ TEST(Probe, TheVariableIsReadAnewForEachPolygon) {
   expect_ray(*first.handle()->probe, 20 / std::sqrt(2.0), 20 / std::sqrt(2.0));
   expect_ray(*second.handle()->probe, 0, 20);
   expect_ray(*third.handle()->probe, 20 * 0.811031147527, 20 * 0.585002972425);
+}
+
+int g_questions_to_the_host;
+
+int host_callback(const CPWChar*, CPWChar*, int) {
+  ++g_questions_to_the_host;
+  return 0;
+}
+
+// A host whose callback knows nothing: the clipper reads the process environment all the same.
+TEST(Probe, TheVariableIsTheProcessEnvironmentsAlsoWithAHostsCallback) {
+  const RuntimeVariable variable(kVariable, "2");
+  g_questions_to_the_host = 0;
+  CFSetGetEnvVarCallback(host_callback);
+  const ProbeRecord probe = probe_for(32, 16);
+  CFSetGetEnvVarCallback(nullptr);
+  expect_ray(probe, 64 * 2 / std::sqrt(5.0), 64 / std::sqrt(5.0));
+  EXPECT_EQ(g_questions_to_the_host, 0);
 }
 
 TEST(Probe, EverythingElseOfARecordIsZero) {

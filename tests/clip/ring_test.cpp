@@ -202,8 +202,10 @@ TEST(Ring, TheEdgeOverADroppedPointLeadsToTheNextOne) {
 TEST(Ring, ARepeatedLastPointIsDropped) {
   EXPECT_EQ(cleaned({{0, 0, 0}, {10, 0, 0}, {10, 10, 0}, {0.0005, -0.0009, 0}}),
             (Ring{{0, 0, 0}, {10, 0, 0}, {10, 10, 0}}));
-  const FencePolygon polygon = prepared({{0, 0, 0}, {10, 0, 0}, {10, 10, 0}, {0, 0, 0}});
-  EXPECT_EQ(polygon.first->prev->dx, -10);
+  const FencePolygon polygon = prepared({{0, 0, 0}, {10, 0, 0}, {10, 10, 0}, {0.0005, -0.0009, 0}});
+  EXPECT_EQ(polygon.first->prev->dx, -10);  // its edge leads to the first point
+  EXPECT_EQ(polygon.first->prev->dy, -10);
+  EXPECT_EQ(polygon.first->prev->extent.xmin, 0);
 }
 
 TEST(Ring, ALastPointAThousandthOffTheFirstStays) {

@@ -79,6 +79,10 @@ TEST(Sides, ADirectionThatLeavesAnEdgesLineByNoMoreThanAPointsWidthRunsAlong) {
   EXPECT_EQ(side_of({1, -0.001}, corner.at, false), Side::kAlong);
   EXPECT_EQ(side_of({1, 0.0011}, corner.at, false), Side::kInside);
   EXPECT_EQ(side_of({100, 0.0006}, corner.at, false), Side::kAlong);
+  // Between long edges the product's own limit is the narrower one.
+  const Corner longer({10, 0}, {50, 0});
+  EXPECT_EQ(side_of({100, 0.0009}, longer.at, false), Side::kAlong);
+  EXPECT_EQ(side_of({100, 0.0011}, longer.at, false), Side::kInside);
 }
 
 // The absolute rule for parallel edges alone would take any two short edges for parallel.

@@ -9,9 +9,11 @@
 #include "tests/clip/clip_state.h"
 #include "tests/clip/engine.h"
 #include "tests/support/area.h"
+#include "tests/support/runtime_variable.h"
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 #include <new>
 
@@ -120,6 +122,15 @@ TEST(Subject, TheRayIsThatOfTheSubjectsOwnExtent) {
   EXPECT_EQ(p.probe->tolerance, 1 / (100 * 1000.0));
 }
 
+TEST(Subject, TheVariableTurnsItsRayToo) {
+  const Fence fence({kSquare}, CL_KEEP_INSIDE);
+  const RuntimeVariable variable("VX_CLIP_RAY_SLOPE", "-3");
+  clip::Subject subject;
+  const FencePolygon& p = build(subject, fence, {{0, 0}, {0, 3}, {50, 3}, {50, 0}});
+  EXPECT_EQ(p.probe->dx, 100 * -3.0 / std::sqrt(10.0));
+  EXPECT_EQ(p.probe->dy, 100 / std::sqrt(10.0));
+}
+
 TEST(Subject, WhollyAboveOrBelowTheDepthRangeItYieldsNothingInEitherMode) {
   for (const int mode : {CL_KEEP_INSIDE, CL_KEEP_OUTSIDE}) {
     const Fence fence = deep_fence(0, 10, mode);
@@ -163,6 +174,15 @@ TEST(Subject, OnlyAFenceThatKeepsItsInsideCutsTheDepth) {
   EXPECT_EQ(outside.area, 100);
 }
 
+// The range is the fence's whatever its dimension; a flat fence has one too.
+TEST(Subject, AFlatFencesDepthRangeCutsItToo) {
+  const Fence fence({kSquare}, CL_KEEP_INSIDE, {2, 2, 4});
+  clip::Subject subject;
+  const FencePolygon& p = build(subject, fence, lifted(kSquare, 1, 0, 0), 3);
+  EXPECT_EQ(p.area, 20);
+  EXPECT_EQ(p.dim, 3);
+}
+
 TEST(Subject, EachPartOfACutIsAPolygonOfItsOwn) {
   const Ring comb = {{0, 0, 0}, {0, 9, 9}, {2, 9, 9}, {2, 1, 1}, {4, 1, 1}, {4, 9, 9}, {6, 9, 9}, {6, 0, 0}};
   clip::Subject subject;
@@ -174,6 +194,13 @@ TEST(Subject, EachPartOfACutIsAPolygonOfItsOwn) {
     EXPECT_LT(clip::shoelace_sum(p->first), 0);
     EXPECT_NE(p->probe, nullptr);
   }
+}
+
+// There and back above the bound: a part without area is none.
+TEST(Subject, ASpikeIntoTheDepthRangeYieldsNothing) {
+  const Ring spiked = {{0, 0, 0}, {0, 4, 4}, {4, 4, 4}, {4, 9, 9}, {4, 4, 4}, {8, 4, 4}, {8, 0, 0}};
+  EXPECT_EQ(polygons(deep_fence(5, 20), spiked, 3), 0u);
+  EXPECT_EQ(polygons(deep_fence(2, 20), spiked, 3), 1u);
 }
 
 TEST(Subject, PiecesAreAddedAsFurtherPolygons) {

@@ -20,6 +20,9 @@ namespace {
 
 constexpr char32_t kName[] = U"CORVANE_TEST_VARIABLE";
 
+// Looked up before any test has installed a callback. Every system defines it.
+const bool g_path_was_found_at_start = CFIsVariableDefinedW(wide(U"PATH").c_str());
+
 TEST(Getenv, ValuesOfAnyLengthComeWhole) {
   for (const Alphabet& alphabet : alphabets()) {
     for (const int length : {1, 2, 31, 32, 33, 62, 63, 64, 65, 66, 127, 128, 129, 130, 1000, 15000}) {
@@ -39,6 +42,10 @@ TEST(Getenv, AValueOf32000CharactersComesWhole) {
   const ScopedVariable variable(kName, value);
   EXPECT_EQ(wide_lookup(kName), wide(value));
   EXPECT_EQ(narrow_lookup(kName), narrow(value));
+}
+
+TEST(Getenv, AProcessStartsWithoutACallback) {
+  EXPECT_TRUE(g_path_was_found_at_start);
 }
 
 TEST(Getenv, AnUndefinedVariableGivesNull) {

@@ -82,8 +82,9 @@ typedef struct CLclpMemType {
  *
  * One polygon of two points stands for the axis-parallel rectangle with these corners.
  * Oddity, kept: counts[0] then becomes 5, the number of points that the ring is built from; hosts size their
- * next arrays by it. In 2-D the ring runs (x0,y0), (x0,y1), (x1,y1), (x1,y0); in 3-D in the other direction
- * and all at the first corner's z.
+ * next arrays by it. It stays 2 when the call fails, so that the call may be repeated.
+ * In 2-D the ring runs (x0,y0), (x0,y1), (x1,y1), (x1,y0); in 3-D in the other direction and all at the first
+ * corner's z.
  * A single polygon of 4 or 5 points counts as a rectangle too when its coordinates, rounded to integers, form
  * one. A rectangular fence in mode 2 gets a faster line clipper. */
 CORVANE_PRINT_API int CORVANE_PRINT_CALL CLdefFence(CLFenceHandle* fence, int dim, int numPolys, int* counts,
@@ -122,7 +123,7 @@ CORVANE_PRINT_API int CORVANE_PRINT_CALL CLextractPolygons(CLFenceHandle fence, 
 
 /* Clips polylines against a fence.
  *   dim        doubles per point of the input and of the output, 2 or 3
- *   numPoints  input points, at least 1
+ *   numPoints  input points, at least 1, at most half of the largest int
  *   points     input; points with x = CL_BREAK separate polylines
  *   numPieces  in: entries of counts; out: pieces written, or entries needed
  *   counts     out: points of each piece
@@ -147,7 +148,9 @@ CORVANE_PRINT_API int CORVANE_PRINT_CALL CLclipLine(CLFenceHandle fence, int dim
  * an extra piece: a hole.
  * Returns CL_OK (with 0 pieces when nothing is left), CL_BAD_ARGUMENT, CL_TOO_SMALL, CL_NO_MEMORY, or
  * CL_INCONSISTENT. A call without room (a capacity below 1 or a null array) answers CL_TOO_SMALL and sets the
- * capacities below 1 to a first guess: as many pieces as subject points, twice as many points.
+ * capacities below 1 to a first guess: as many pieces as subject points, twice as many points. That comes
+ * before all other checks but these: numPieces and numOut must not be null, and numPoints must not be negative
+ * or more than half of the largest int. CL_TOO_SMALL also comes before CL_INCONSISTENT.
  *
  * A 3-D subject is also cut to the fence's depth range, except by a mode-1 fence; a subject wholly above or
  * below it yields nothing in either mode. Crossings carry the subject's z.
@@ -160,7 +163,7 @@ CORVANE_PRINT_API int CORVANE_PRINT_CALL CLclipPolygon(CLFenceHandle fence, int 
 /* Intersects two fences into a new one, independent of both, with the subject's mode and dimension.
  *   clip, subject  the fences; clip is used in its own mode
  *   result         out: the new handle. Null after CL_EMPTY, except that it is untouched when two 3-D fences
- *                  have no depth in common
+ *                  have no depth in common; untouched after any other failure
  * Returns CL_OK, CL_BAD_ARGUMENT, CL_NO_MEMORY, CL_EMPTY or CL_INCONSISTENT.
  * Oddity, kept: the polygons of a 3-D subject after its first are read two doubles per point further on, not
  * three; callers lay their fences out for it. */

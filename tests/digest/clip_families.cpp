@@ -1,51 +1,18 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The Corvane Print authors
 //
-// Over 100,000 random calls, a digest of everything that they return: status codes, counts and the bits of
-// every coordinate. The digests are stored with the sources, and every target must find the same. The inputs
-// come from integers and the four operations, so they are the same everywhere too.
-//
-// A random case calls more than once: arrays start small, so that the answers of calls without enough room
-// are part of the digest.
+// Random calls of the CL family for the digest. A random case calls more than once: arrays start small, so
+// that the answers of calls without enough room are part of the digest.
+#include "tests/digest/digest.h"
 #include "tests/support/clip_call.h"
 #include "tests/support/grid_shapes.h"
-#include "tests/support/scale.h"
 #include "tests/support/shapes.h"
 
 #include <array>
-#include <cstdint>
-#include <cstring>
-#include <string>
-
-#include <gtest/gtest.h>
+#include <vector>
 
 namespace Corvane::Print::tests {
 namespace {
-
-class Digest {
-public:
-  void add(std::uint64_t bits) {
-    for (int i = 0; i < 8; ++i) value_ = (value_ ^ ((bits >> (8 * i)) & 0xff)) * 0x100000001b3u;
-  }
-  void add(int number) { add(static_cast<std::uint64_t>(static_cast<std::int64_t>(number))); }
-  void add(double number) {
-    std::uint64_t bits = 0;
-    std::memcpy(&bits, &number, sizeof bits);
-    add(bits);
-  }
-  void add(const Pieces& pieces) {
-    add(pieces.status);
-    add(pieces.calls);
-    for (const Ring& ring : pieces.rings) {
-      add(static_cast<int>(ring.size()));
-      for (const Point& p : ring) add(p.x), add(p.y), add(p.z);
-    }
-  }
-  std::uint64_t value() const { return value_; }
-
-private:
-  std::uint64_t value_ = 0xcbf29ce484222325u;
-};
 
 constexpr double kSize = 10000;
 
@@ -189,74 +156,17 @@ void growing(Random& random, Digest& digest) {
   for (const double coordinate : grown) digest.add(coordinate);
 }
 
-// Row after row, each element summed from the left: the order that results are promised in.
-void matrix_product(Random& random, Digest& digest) {
-  double a[4][4], b[4][4];
-  for (auto& row : a) {
-    for (double& element : row) element = random.between(-1.0, 1.0);
-  }
-  for (auto& row : b) {
-    for (double& element : row) element = random.between(-kSize, kSize);
-  }
-  for (int i = 0; i < 4; ++i) {
-    for (int k = 0; k < 4; ++k) {
-      double sum = 0;
-      for (int j = 0; j < 4; ++j) sum += a[i][j] * b[j][k];
-      digest.add(sum);
-    }
-  }
-}
-
-struct Family {
-  const char* name;
-  int cases;
-  void (*run)(Random&, Digest&);
-};
-
 constexpr Family kFamilies[] = {
     {"flat-polygons", 25000, flat_polygon},     {"grid-polygons", 25000, grid_clip},
     {"lifted-polygons", 10000, lifted_polygon}, {"rectangle-lines", 15000, rectangle_line},
     {"general-lines", 10000, general_line},     {"fence-intersections", 5000, fence_intersection},
     {"extractions", 5000, extraction},          {"growing", 5000, growing},
-    {"matrix-products", 5000, matrix_product},
 };
 
-// The part of "name digest,name digest" that belongs to a family.
-std::string stored_digest(const std::string& name) {
-  const std::string all = "," CORVANE_TEST_DIGESTS ",";
-  const std::size_t at = all.find("," + name + " ");
-  if (at == std::string::npos) return "none";
-  const std::size_t from = at + name.size() + 2;
-  return all.substr(from, all.find(',', from) - from);
-}
-
-std::string run_family(const Family& family, std::uint64_t number) {
-  Digest digest;
-  for (int i = 0; i < scaled(family.cases); ++i) {
-    Random random(case_seed(100 + number, i));
-    family.run(random, digest);
-  }
-  char text[20];
-  std::snprintf(text, sizeof text, "%08lx%08lx", static_cast<unsigned long>(digest.value() >> 32),
-                static_cast<unsigned long>(digest.value() & 0xffffffffu));
-  return text;
-}
-
-TEST(ResultDigest, IsTheSameOnEveryTarget) {
-  std::string found;
-  bool all_equal = true;
-  for (std::uint64_t k = 0; k < std::size(kFamilies); ++k) {
-    const std::string digest = run_family(kFamilies[k], k);
-    const bool equal = digest == stored_digest(kFamilies[k].name);
-    found += std::string(kFamilies[k].name) + " " + digest + (equal ? "\n" : "   <- not the stored one\n");
-    all_equal = all_equal && equal;
-  }
-  if (test_scale() < 1) {
-    std::printf("The digests are of all cases; with fewer of them nothing was compared.\n");
-    return;
-  }
-  EXPECT_TRUE(all_equal) << "Found, as for tests/data/digest.txt:\n" << found;
-}
-
 }  // namespace
+
+std::span<const Family> clip_families() {
+  return kFamilies;
+}
+
 }  // namespace Corvane::Print::tests
