@@ -203,6 +203,9 @@ int FUFindFullHFSW(const CPWChar* partialHfs, CPWChar* out) {
   if (FUIsFullHFSW(partial) == 1) return FU_OK;
   Components parts;
   parse(partial, parts);
+  // KEEP(slash-is-relative): a path that starts with / is relative; where that / is its whole directory, it
+  // is a level of that name. Looks wrong; only \ makes a root, as in the test of what is full. Pinned by
+  // FindFullHfs.ARootGivenWithASlashIsALevelOfThatName.
   if (partial[0] == '\\') {
     WideBuffer unused;
     FUGetCurrentDevDirW(parts.dev, unused);

@@ -82,6 +82,9 @@ public:
   explicit operator bool() const { return value_ != nullptr; }
   const CPWChar* text() const { return value_; }  // zero-terminated, any length; null when undefined
 
+  // Nobody releases the value any more.
+  void leave_allocated() { value_ = nullptr; }
+
 private:
   CPWChar* value_;
 };

@@ -171,6 +171,12 @@ TEST_F(AutoIncrement, NamesBeyondAsciiAreLookedFor) {
   EXPECT_EQ(resolved(wide(dir_.spec(U"\u00E9<autoInc>")), FU_WIDE), wide(dir_.spec(U"\u00E9001")));
 }
 
+TEST_F(AutoIncrement, NamesThatTheCodePageLacksAreLookedForToo) {
+  dir_.make_file(U"\u5927\U0001F600000.plt");
+  EXPECT_EQ(resolved(wide(dir_.spec(U"\u5927\U0001F600<autoInc>.plt")), FU_WIDE),
+            wide(dir_.spec(U"\u5927\U0001F600001.plt")));
+}
+
 TEST_F(AutoIncrement, WithoutATokenOnlyInvalidCharactersAreRemoved) {
   EXPECT_EQ(resolved(wide(U"C:/a/b*"), FU_WIDE), wide(U"C:ab"));
   EXPECT_EQ(resolved(wide(U"C:\\a\\b"), FU_WIDE), wide(U"C:\\a\\b"));

@@ -10,6 +10,7 @@
 #include "tests/support/guarded.h"
 #include "tests/support/heap_watch.h"
 #include "tests/support/scale.h"
+#include "tests/util/str_support.h"
 
 namespace Corvane::Print::tests {
 namespace {
@@ -139,6 +140,20 @@ TEST(DriveLetter, ALetterThatIsADefinedVariableIsALogicalDevice) {
   const ScopedVariables variables({{"X", "C:\\x"}});
   EXPECT_EQ(FUIsDriveLetterW(w("X").c_str()), 0);
   EXPECT_EQ(FUIsDriveLetterW(w("x").c_str()), 1);
+}
+
+TEST(DriveLetter, IsALetterOfTheLocale) {
+  const ScopedVariables variables({});
+  for (const char* name : {"C", text_locale()}) {
+    const ScopedLocale locale(name);
+    for (const int c : {0xE9, 0xC9, 0xD7, 0x416, 0x661, 0x2116})
+      EXPECT_EQ(FUIsDriveLetterW(wide(std::u32string(1, static_cast<char32_t>(c))).c_str()),
+                std::iswalpha(static_cast<std::wint_t>(c)) != 0 ? 1 : 0)
+          << name << ", " << c;
+  }
+  const ScopedLocale locale(text_locale());
+  EXPECT_EQ(FUIsDriveLetterW(wide(U"\u00E9").c_str()), 1);
+  EXPECT_EQ(FUIsDriveLetterW(wide(U"\u00D7").c_str()), 0);
 }
 
 TEST(DriveLetter, HalfASurrogatePairIsNoLetter) {

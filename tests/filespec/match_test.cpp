@@ -3,66 +3,20 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <clocale>
 #include <string>
 #include <vector>
 
 #include "corvane/print/fu.h"
 #include "platform/capi_memory.h"
 #include "tests/filespec/host_dir.h"
-#include "tests/filespec/search_model.h"
+#include "tests/filespec/matching.h"
 #include "tests/filespec/searching.h"
 #include "tests/platform/system_seam.h"
 #include "tests/support/guarded.h"
-#include "tests/support/random.h"
-#include "tests/support/scale.h"
-#include "tests/util/str_models.h"
 #include "tests/util/str_support.h"
 
 namespace Corvane::Print::tests {
 namespace {
-
-struct Defaults {
-  std::u32string dev, dir, ext, ver;
-};
-
-// A whole enumeration of a specification with wildcards.
-std::vector<WideText> matches(const WideText& lfs, const Defaults& defaults = {}) {
-  std::vector<WideText> all;
-  FUMatchLFSHandle* handle;
-  Guarded<CPWChar> out(FU_WIDE);
-  int status = FUMatchLFSFirstW(lfs.c_str(), wide(defaults.dev).c_str(), wide(defaults.dir).c_str(),
-                                wide(defaults.ext).c_str(), wide(defaults.ver).c_str(), out.data(), &handle);
-  for (; status == FU_OK; status = FUMatchLFSNextW(&handle, out.data())) {
-    EXPECT_NE(handle, nullptr);
-    all.push_back(out.data());
-    if (handle == nullptr) break;
-  }
-  EXPECT_EQ(status, FU_FAILED);
-  EXPECT_EQ(handle, nullptr);
-  EXPECT_EQ(out[0], 0);
-  EXPECT_TRUE(out.intact());
-  return all;
-}
-
-std::vector<std::string> narrow_matches(const std::string& lfs) {
-  std::vector<std::string> all;
-  FUMatchLFSHandle* handle;
-  Guarded<char> out(FU_NARROW);
-  int status = FUMatchLFSFirst(lfs.c_str(), "", "", "", "", out.data(), &handle);
-  for (; status == FU_OK; status = FUMatchLFSNext(&handle, out.data())) all.push_back(out.data());
-  EXPECT_EQ(status, FU_FAILED);
-  EXPECT_EQ(handle, nullptr);
-  EXPECT_EQ(out[0], '\0');
-  EXPECT_TRUE(out.intact());
-  return all;
-}
-
-std::vector<WideText> wides(const HostDir& dir, std::initializer_list<std::u32string_view> names) {
-  std::vector<WideText> all;
-  for (const std::u32string_view name : names) all.push_back(wide(dir.spec(name)));
-  return all;
-}
 
 // What is handed back for a specification without wildcards.
 WideText handed_back(std::u32string_view lfs, const Defaults& defaults = {}) {
@@ -157,6 +111,10 @@ TEST(MatchLfs, AVariableStandsForTheFirstEntryOfItsValue) {
   const HostVariables variables{{wide(U"FIND"), wide(dir.spec(U"*.plt") + U";" + dir.spec(U"*.pen"))},
                                 {wide(U"NONE"), wide(U";" + dir.spec(U"*.plt"))}};
   EXPECT_EQ(matches(wide(U"FIND")), wides(dir, {U"a.plt"}));
+  // What follows the first ; is no version, and one can be filled in.
+  dir.make_file(U"a.plt;2");
+  EXPECT_EQ(matches(wide(U"FIND")), wides(dir, {U"a.plt"}));
+  EXPECT_EQ(matches(wide(U"FIND"), {U"", U"", U"", U"2"}), wides(dir, {U"a.plt;2"}));
   EXPECT_EQ(handed_back(U"NONE"), wide(U"NONE"));
 }
 
@@ -198,6 +156,22 @@ TEST(MatchLfs, WithoutADirectoryTheCurrentOneIsMeant) {
   dir.make_file(U"a.plt");
   const ScopedCurrentDirectory inside(dir.path());
   EXPECT_EQ(matches(wide(U"*.plt")), std::vector<WideText>{wide(U".\\a.plt")});
+}
+
+TEST(MatchLfs, ARelativeDirectoryBeginsAtTheCurrentOne) {
+  const HostDir dir;
+  dir.make_file(U"sub\\a.plt");
+  const ScopedCurrentDirectory inside(dir.path());
+  EXPECT_EQ(matches(wide(U"sub\\*.plt")), std::vector<WideText>{wide(U"sub\\a.plt")});
+  EXPECT_EQ(matches(wide(U"*.plt"), {U"", U"sub", U"", U""}), std::vector<WideText>{wide(U"sub\\a.plt")});
+}
+
+TEST(MatchLfs, ADriveWithoutADirectoryMeansTheCurrentOneThere) {
+  const HostDir dir;
+  const std::u32string name = dir.path().filename().u32string();
+  const ScopedCurrentDirectory inside(DriveC::root());
+  const std::vector<WideText> all = matches(wide(U"C:" + name.substr(0, 3) + U"*"));
+  EXPECT_EQ(std::count(all.begin(), all.end(), wide(U"C:.\\" + name)), 1);
 }
 
 TEST(MatchLfs, AnEmptyDirectoryHasNoMatch) {
@@ -293,8 +267,46 @@ TEST(MatchLfs, MemoryThatRanOutIsReported) {
   EXPECT_GE(no_memory, 3);
 }
 
+TEST(MatchLfs, MemoryThatRunsOutOnTheWayEndsTheEnumeration) {
+  const HostDir dir;
+  dir.make_file(U"one\\a.plt");
+  dir.make_file(U"two\\b.plt");
+  const HostVariables variables{{wide(U"PLOTS"), wide(dir.spec(U"one") + U";" + dir.spec(U"two"))}};
+  const long before = platform::capi_blocks_out();
+  int no_memory = 0;
+  for (int successes = 0;; ++successes) {
+    ASSERT_LT(successes, 100);
+    FUMatchLFSHandle* handle;
+    CPWChar out[FU_WIDE];
+    ASSERT_EQ(
+        FUMatchLFSFirstW(wide(U"PLOTS:*.plt").c_str(), nullptr, nullptr, nullptr, nullptr, out, &handle),
+        FU_OK);
+    platform::capi_fail_after(successes);
+    const int status = FUMatchLFSNextW(&handle, out);
+    platform::capi_fail_after(-1);
+    if (status == FU_OK) {
+      EXPECT_EQ(WideText(out), wide(dir.spec(U"two\\b.plt")));
+      FUMatchLFSFreeW(handle);
+      break;
+    }
+    ASSERT_EQ(status, FU_NO_MEMORY);
+    EXPECT_EQ(handle, nullptr);
+    EXPECT_EQ(out[0], 0);
+    EXPECT_EQ(platform::capi_blocks_out(), before);
+    ++no_memory;
+  }
+  EXPECT_GE(no_memory, 1);
+}
+
 TEST(MatchLfs, ADirectoryThatLeavesNoRoomForThePatternHasNoMatch) {
   const HostDir dir;
+  dir.make_file(U"ax");
+  {
+    const HostVariables variables{{wide(U"D"), wide(dir.spec())}};
+    const std::size_t room = 255 - dir.spec().size() - 1;
+    EXPECT_EQ(matches(wide(U"D:" + std::u32string(room - 1, U'*') + U"x")), wides(dir, {U"ax"}));
+    EXPECT_EQ(matches(wide(U"D:" + std::u32string(room, U'*') + U"x")), std::vector<WideText>());
+  }
   std::u32string deep = U"d";
   while (dir.spec(deep).size() < 251) deep += deep.size() % 40 == 39 ? U'\\' : U'd';
   for (int extra = 0; extra < 8; ++extra) {
@@ -313,55 +325,6 @@ TEST(MatchLfs, TextsOfAnyLengthAreHarmless) {
     const Defaults defaults{text, text, text, text};
     EXPECT_EQ(handed_back(U"*", defaults), wide(U"*"));  // no room was left for the star
   }
-}
-
-// On Windows the system's own wildcards must match as well, and not every version of it knows a ? behind a *.
-bool system_decides(const WideText& pattern) {
-  return !narrow_is_utf8() && pattern.find(wide(U"*?")) != pattern.npos;
-}
-
-// A small real tree; the model lists it and matches each name.
-TEST(MatchRandom, AgreesWithThePlainModel) {
-  const HostDir dir;
-  const std::vector<std::u32string> names = {U"a", U"a.plt", U"ab",     U"ab.plt",
-                                             U"b", U"b.a",   U"ba.plt", U"plt"};
-  for (const std::u32string& name : names) {
-    dir.make_file(U"one\\" + name);
-    if (name.size() % 2 == 0) dir.make_file(U"two\\" + name);
-  }
-  const HostVariables variables{{wide(U"D"), wide(dir.spec(U"one") + U";" + dir.spec(U"two"))}};
-  const model::PlainMatch plain_match(true);
-  static constexpr char32_t kCharacters[] = U"aAb**?..plt";
-  long matched = 0;
-  const int cases = scaled(100000);
-  for (int i = 0; i < cases; ++i) {
-    const std::uint64_t seed = case_seed(0x5EA6, i);
-    Random random(seed);
-    std::u32string pattern;
-    for (int n = random.between(1, 7); n > 0; --n)
-      pattern += kCharacters[random.below(static_cast<int>(std::size(kCharacters)) - 1)];
-    if (pattern.find_first_of(U"*?") == pattern.npos) pattern += U'*';
-    const WideText resolved = search_model::build(search_model::parse(wide(pattern)));
-    const WideText rebuilt = search_model::build(search_model::parse(resolved));
-    if (system_decides(rebuilt)) continue;
-    const std::u32string units(rebuilt.begin(), rebuilt.end());
-    std::vector<WideText> expected;
-    for (const char32_t* const directory : {U"one\\", U"two\\"}) {
-      for (const std::u32string& name : names) {
-        const bool there = directory[0] == U'o' || name.size() % 2 == 0;
-        if (there && plain_match(name, units)) expected.push_back(wide(dir.spec(directory + name)));
-      }
-    }
-    ASSERT_EQ(matches(wide(U"D:" + pattern)), expected) << "seed " << seed << ", " << narrow(pattern);
-    matched += static_cast<long>(expected.size());
-    if (i % 16 == 0) {
-      std::vector<std::string> narrow_expected;
-      for (const WideText& each : expected)
-        narrow_expected.push_back(narrow(std::u32string(each.begin(), each.end())));
-      ASSERT_EQ(narrow_matches(narrow(U"D:" + pattern)), narrow_expected) << "seed " << seed;
-    }
-  }
-  EXPECT_GT(matched, cases / 2);
 }
 
 }  // namespace

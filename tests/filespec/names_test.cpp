@@ -4,9 +4,9 @@
 
 #include "corvane/print/cf.h"
 #include "corvane/print/fu.h"
-#include "platform/capi_memory.h"
 #include "tests/filespec/names_models.h"
 #include "tests/filespec/names_support.h"
+#include "tests/support/heap_watch.h"
 #include "tests/support/scale.h"
 #include "tests/util/str_support.h"
 
@@ -158,11 +158,14 @@ TEST(Names, NullIsNothing) {
 }
 
 TEST(Names, ThePredicatesUseNoHeap) {
-  platform::capi_fail_after(0);
-  const bool all = is_pseudo(U"LPT1") && is_pseudo(U"\\\\server\\share") && is_pseudo(U"10.0.0.7") &&
-                   !is_pseudo(U"C:\\out\\plot.plt");
-  EXPECT_EQ(platform::capi_fail_after(-1), 0);
-  EXPECT_TRUE(all);
+  const WideText long_name(5000, CPWChar{'x'});
+  const WideText texts[] = {wide(U"LPT1"), wide(U"\\\\server\\share"), wide(U"10.0.0.7"),
+                            wide(U"C:\\out\\plot.plt"), long_name};
+  int pseudos = 0;
+  HeapWatch heap;
+  for (const WideText& text : texts) pseudos += FUIsPseudoFile(text.c_str());
+  EXPECT_EQ(heap.requests(), 0);
+  EXPECT_EQ(pseudos, 3);
 }
 
 TEST_F(ModifyPort, PortsGoToTheRootOfTheSystemsDrive) {

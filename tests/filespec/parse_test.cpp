@@ -131,6 +131,10 @@ TEST(ParseUfs, ANullSpecificationIsAnEmptyOne) {
   CPWChar name[FU_WIDE] = {'x', 0};
   EXPECT_EQ(FUParseUFSW(nullptr, nullptr, nullptr, name, nullptr, nullptr), FU_OK);
   EXPECT_EQ(plain(name), "");
+  char narrow_name[FU_NARROW] = "x";
+  EXPECT_EQ(FUParseUFS(nullptr, nullptr, nullptr, narrow_name, nullptr, nullptr), FU_OK);
+  EXPECT_STREQ(narrow_name, "");
+  EXPECT_EQ(FUIsFullHFSW(nullptr) + FUIsFullHFS(nullptr) + FUIsFullLFSW(nullptr) + FUIsFullLFS(nullptr), 0);
 }
 
 TEST(ParseUfs, AnOutputMayBeTheSpecification) {

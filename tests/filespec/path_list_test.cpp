@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "config/codepage.h"
 #include "corvane/print/fu.h"
 #include "platform/capi_memory.h"
 #include "tests/filespec/search_model.h"
@@ -85,6 +86,12 @@ TEST(PathList, EachCharacterOfTheDelimitersIsOne) {
 TEST(PathList, DelimitersMayBeMoreThanTheListIsLong) {
   EXPECT_EQ(narrow_walk("a", ";,:!"), (std::vector<std::string>{"a"}));
   EXPECT_EQ(narrow_walk("a!", ";,:!"), (std::vector<std::string>{"a"}));
+}
+
+TEST(PathList, DelimitersBehindThe255thAreNotSeen) {
+  const std::u32string delimiters = std::u32string(254, U',') + U":;";
+  EXPECT_EQ(walk(wide(U"a:b;c,d"), wide(delimiters).c_str()), wides({U"a", U"b;c", U"d"}));
+  EXPECT_EQ(narrow_walk("a:b;c,d", narrow(delimiters).c_str()), (std::vector<std::string>{"a", "b;c", "d"}));
 }
 
 TEST(PathList, BlanksBelongToTheElements) {
@@ -203,6 +210,26 @@ TEST(PathContains, TheElementsArePatterns) {
   EXPECT_EQ(contains(U"a?c,b", U",", U"ABC"), 1);
 }
 
+TEST(PathContains, CaseIsThatOfTheLocale) {
+  if (!narrow_has(0xC9)) return;
+  {
+    const ScopedLocale locale("C");
+    EXPECT_EQ(contains(U"a;\u00C9t*", nullptr, U"\u00E9t\u00E9"), 0);
+  }
+  const ScopedLocale locale(text_locale());
+  EXPECT_EQ(contains(U"a;\u00C9t*", nullptr, U"\u00E9t\u00E9"), 1);
+}
+
+TEST(PathContains, ElementsAndComponentsAreCutAt255Characters) {
+  const std::u32string element(255, U'e');
+  for (const char32_t* const tail : {U"", U"x", U"xyz"}) {
+    EXPECT_EQ(contains(element + tail, nullptr, element), 1);
+    EXPECT_EQ(contains(element, nullptr, element + tail), 1);
+  }
+  EXPECT_EQ(contains(element.substr(1) + U"?", nullptr, element + U"x"), 1);
+  EXPECT_EQ(contains(element.substr(1), nullptr, element), 0);
+}
+
 TEST(PathContains, AnElementOfBlanksContainsTheEmptyText) {
   EXPECT_EQ(contains(U"a;  ;b", nullptr, U""), 1);
   EXPECT_EQ(contains(U"a;b", nullptr, U""), 0);
@@ -213,6 +240,13 @@ TEST(PathContains, AnEmptyListContainsNothing) {
   EXPECT_EQ(contains(U"", nullptr, U""), 0);
   EXPECT_EQ(FUPathContainsCompW(nullptr, nullptr, wide(U"a").c_str()), 0);
   EXPECT_EQ(FUPathContainsComp(nullptr, nullptr, "a"), 0);
+}
+
+// An element as a narrow output receives it.
+std::string narrowed(const WideText& text) {
+  char out[FU_NARROW];
+  config::narrow_cut(text.c_str(), static_cast<int>(text.size()), out, FU_NARROW);
+  return out;
 }
 
 std::u32string random_list(Random& random, int length) {
@@ -246,18 +280,7 @@ TEST(PathListRandom, WalksAgreeWithThePlainModel) {
     ASSERT_EQ(walk(wide(list), wide(delimiters).c_str()), expected);
     const std::vector<std::string> narrow_elements = narrow_walk(narrow(list), narrow(delimiters).c_str());
     ASSERT_EQ(narrow_elements.size(), expected.size());
-    for (std::size_t k = 0; k < expected.size(); ++k) {
-      if (expected[k].size() < 100) {
-        std::u32string characters;
-        for (std::size_t c = 0; c < expected[k].size(); ++c) {
-          const char32_t unit = expected[k][c];
-          const bool pair = unit >= 0xD800 && unit < 0xDC00;
-          characters +=
-              pair ? 0x10000 + ((unit - 0xD800) << 10) + (char32_t{expected[k][++c]} - 0xDC00) : unit;
-        }
-        ASSERT_EQ(narrow_elements[k], narrow(characters));
-      }
-    }
+    for (std::size_t k = 0; k < expected.size(); ++k) ASSERT_EQ(narrow_elements[k], narrowed(expected[k]));
   }
 }
 
@@ -282,11 +305,41 @@ TEST(PathListRandom, ContainingAgreesWithThePlainModel) {
   }
 }
 
-TEST(PathListRandom, LongListsAndComponentsAreHarmless) {
+TEST(PathListRandom, ContainingAgreesWithATableForTextsOfAnyLength) {
+  static constexpr int kLengths[] = {0, 1, 254, 255, 256, 257, 511, 512, 513, 514, 5000};
+  const auto code_units = [](const WideText& text) { return std::u32string(text.begin(), text.end()); };
+  int contained = 0;
+  const int cases = scaled(1000);
+  for (int i = 0; i < cases; ++i) {
+    const std::uint64_t seed = case_seed(0x5EA3, i);
+    SCOPED_TRACE(testing::Message() << "seed " << seed);
+    Random random(seed);
+    const int length = kLengths[random.below(static_cast<int>(std::size(kLengths)))];
+    const WideText comp = search_model::cut(wide(random_list(random, random.one_in(2) ? length : 3)));
+    std::u32string list = random.one_in(3) ? random_list(random, length)
+                                           : std::u32string(static_cast<std::size_t>(length), U'e');
+    // An element that has a chance: blanks, a piece of the component and a star.
+    list += U"; " + code_units(comp.substr(0, static_cast<std::size_t>(random.below(300)))) + U"* ";
+    int expected = 0;
+    for (const WideText& element : search_model::elements(wide(list), wide(U";"))) {
+      const WideText pattern =
+          model::delete_trail(model::delete_lead(search_model::cut(element), CPWChar(' ')), CPWChar(' '));
+      if (model::compare(pattern, comp) == 0 ||
+          model::table_match(code_units(comp), code_units(pattern), true))
+        expected = 1;
+    }
+    ASSERT_EQ(FUPathContainsCompW(wide(list).c_str(), nullptr, comp.c_str()), expected);
+    contained += expected;
+  }
+  EXPECT_TRUE(cases < 100 || (contained > cases / 20 && contained < cases * 19 / 20)) << contained;
+}
+
+TEST(PathListRandom, NarrowListsOfAnyLengthContainWhatWideOnesDo) {
   for (int i = 0; i < scaled(2000); ++i) {
-    Random random(case_seed(0x5EA3, i));
+    Random random(case_seed(0x5EA7, i));
     const std::u32string list = random_list(random, random.below(5000));
-    contains(list, random_delimiters(random), random_list(random, random.below(600)));
+    const std::u32string comp = random_list(random, random.below(600));
+    contains(list, random_delimiters(random), comp);
   }
 }
 

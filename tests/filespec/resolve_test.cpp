@@ -168,6 +168,33 @@ TEST(FindCreateHfs, NullDefaultsAreNone) {
               return FUFindCreateHFSW(w("f").c_str(), nullptr, nullptr, nullptr, nullptr, out);
             }),
             Answer(FU_OK, "f"));
+  EXPECT_EQ(
+      narrow_answer([](char* out) { return FUFindCreateHFS("f", nullptr, nullptr, nullptr, nullptr, out); }),
+      Answer(FU_OK, "f"));
+}
+
+TEST(FindCreateHfs, ANullSpecificationIsAnEmptyOne) {
+  const ScopedVariables variables({});
+  EXPECT_EQ(answer([](CPWChar* out) {
+              return FUFindCreateHFSW(nullptr, w("C:").c_str(), w("\\tmp").c_str(), nullptr, nullptr, out);
+            }),
+            Answer(FU_OK, "C:\\tmp"));
+  EXPECT_EQ(
+      narrow_answer([](char* out) { return FUFindCreateHFS(nullptr, "C:", "\\tmp", nullptr, nullptr, out); }),
+      Answer(FU_OK, "C:\\tmp"));
+}
+
+TEST(FindCreateHfs, TheOutputMayBeTheSpecification) {
+  const ScopedVariables variables({{"DEV", "C:\\data"}});
+  const auto created_in_place = [](const char* lfs, const char* device) {
+    return answer([=](CPWChar* both) {
+      std::copy_n(w(lfs).c_str(), std::strlen(lfs) + 1, both);
+      return FUFindCreateHFSW(both, w(device).c_str(), nullptr, w("dat").c_str(), nullptr, both);
+    });
+  };
+  EXPECT_EQ(created_in_place("DEV:sub\\f", ""), Answer(FU_OK, "C:\\data\\f.dat"));
+  EXPECT_EQ(created_in_place("sub\\f", "DEV:"), Answer(FU_OK, "C:\\data\\f.dat"));
+  EXPECT_EQ(created_in_place("NODEV:f", ""), Answer(FU_NO_DEVICE, ""));
 }
 
 TEST(FindFullHfs, AFullPathStaysAsItIs) {
@@ -188,6 +215,12 @@ TEST(FindFullHfs, ARelativePathFollowsTheCurrentDirectory) {
   EXPECT_EQ(made_full("C:/a/b", "x/.\\y/f"), Answer(FU_OK, "C:\\a\\b\\x\\y\\f"));
   EXPECT_EQ(made_full("C:\\", "f"), Answer(FU_OK, "C:\\f"));
   EXPECT_EQ(made_full("C:\\a\\b", ""), Answer(FU_OK, "C:\\a\\b\\"));
+}
+
+TEST(FindFullHfs, ANullPathIsAnEmptyOne) {
+  const ScopedVariables variables({{"PWD", "C:\\a"}});
+  EXPECT_EQ(answer([](CPWChar* out) { return FUFindFullHFSW(nullptr, out); }), Answer(FU_OK, "C:\\a\\"));
+  EXPECT_EQ(narrow_answer([](char* out) { return FUFindFullHFS(nullptr, out); }), Answer(FU_OK, "C:\\a\\"));
 }
 
 TEST(FindFullHfs, TwoDotsClimb) {

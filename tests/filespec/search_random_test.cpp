@@ -31,7 +31,7 @@ WideText random_spec(Random& random, int pieces) {
 
 // Mostly a handful of pieces, sometimes of a length where buffers end.
 WideText random_text(Random& random) {
-  static constexpr int kLengths[] = {250, 254, 255, 256, 257, 511, 513, 5000};
+  static constexpr int kLengths[] = {250, 254, 255, 256, 257, 511, 512, 513, 514, 5000};
   if (!random.one_in(40)) return random_spec(random, random.below(8));
   const auto length = static_cast<std::size_t>(kLengths[random.below(static_cast<int>(std::size(kLengths)))]);
   if (random.one_in(2)) {

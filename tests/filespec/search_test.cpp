@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "platform/capi_memory.h"
 #include "tests/filespec/host_dir.h"
 #include "tests/filespec/searching.h"
 #include "tests/platform/system_seam.h"
@@ -18,39 +17,33 @@
 namespace Corvane::Print::tests {
 namespace {
 
-// What a search finds; the plain, the explained and the narrow form must agree.
-SearchResult look_for(std::u32string_view ufs, std::u32string_view list = {}, std::u32string_view ext = {},
-                      std::u32string_view ver = {}) {
-  const SearchResult result = explained(wide(ufs), wide(list), wide(ext), wide(ver));
-  EXPECT_TRUE(result.intact);
-  Guarded<CPWChar> out(FU_WIDE);
-  EXPECT_EQ(FUSearchUFSW(wide(ufs).c_str(), list.empty() ? nullptr : wide(list).c_str(),
-                         ext.empty() ? nullptr : wide(ext).c_str(), ver.empty() ? nullptr : wide(ver).c_str(),
-                         out.data()),
-            result.status);
-  EXPECT_EQ(WideText(out.data()), result.found);
-  EXPECT_TRUE(out.intact());
-  Guarded<char> narrow_out(FU_NARROW);
-  EXPECT_EQ(FUSearchUFS(narrow(ufs).c_str(), list.empty() ? nullptr : narrow(list).c_str(),
-                        narrow(ext).c_str(), narrow(ver).c_str(), narrow_out.data()),
-            result.status);
-  EXPECT_EQ(std::string(narrow_out.data()).empty(), result.found.empty());
-  EXPECT_TRUE(narrow_out.intact());
-  return result;
-}
-
-WideText found(std::u32string_view ufs, std::u32string_view list = {}, std::u32string_view ext = {},
-               std::u32string_view ver = {}) {
-  const SearchResult result = look_for(ufs, list, ext, ver);
-  EXPECT_EQ(result.status, result.found.empty() ? FU_NOT_FOUND : FU_OK);
-  return result.found;
-}
-
 std::vector<Tried> tried(std::initializer_list<std::pair<int, std::u32string_view>> all, bool last_found) {
   std::vector<Tried> list;
   for (const auto& [step, candidate] : all) list.push_back({step, wide(candidate), false});
   if (last_found) list.back().found = true;
   return list;
+}
+
+// What a search tries where there is no file at all.
+class Nothing : public filespec::FileProbe, public filespec::SearchObserver {
+public:
+  bool is_file(const CPWChar*) override { return false; }
+  void tried(int step, const CPWChar* candidate, bool found) override {
+    all.push_back({step, candidate, found});
+  }
+  std::vector<Tried> all;
+};
+
+std::vector<Tried> tried_in_vain(std::u32string_view ufs, std::u32string_view list, std::u32string_view ver,
+                                 filespec::SearchSwitches switches) {
+  Nothing nothing;
+  CPWChar out[FU_WIDE];
+  const filespec::SearchConditions conditions{.switches = switches, .files = &nothing, .observer = &nothing};
+  EXPECT_EQ(filespec::search_file(conditions, wide(ufs).c_str(), wide(list).c_str(), nullptr,
+                                  wide(ver).c_str(), out),
+            FU_NOT_FOUND);
+  EXPECT_EQ(out[0], 0);
+  return nothing.all;
 }
 
 TEST(Search, AFileIsFoundAsItStands) {
@@ -92,6 +85,34 @@ TEST(Search, AVariableStandsForItsValue) {
   const SearchResult result = look_for(U"MYFENCE", {}, U"fence");
   EXPECT_EQ(result.found, wide(dir.spec(U"f.fence")));
   EXPECT_EQ(result.tried.back().step, FU_STEP_VARIABLE);
+}
+
+// A specification that takes every step but the last, which is for what is not full.
+TEST(Search, TheStepsAreTakenInTheirOrder) {
+  const HostVariables variables{{wide(U"C:\\a\\b\\f.e"), wide(U"C:\\value")},
+                                {wide(U"C"), wide(U"C:\\device")},
+                                {wide(U"VX_PWP"), wide(U"C:\\pwp")}};
+  const filespec::SearchSwitches both{.current_directory_first = true, .as_is = true};
+  EXPECT_EQ(tried_in_vain(U"C:\\a\\b\\f.e", U"C:\\list", U"7", both),
+            tried({{FU_STEP_CURRENT_DIRECTORY, U".\\f.e"},
+                   {FU_STEP_CURRENT_DIRECTORY, U".\\f.e;7"},
+                   {FU_STEP_AS_IS, U"C:\\a\\b\\f.e"},
+                   {FU_STEP_AS_IS, U"C:\\a\\b\\f.e;7"},
+                   {FU_STEP_VARIABLE, U"C:\\value"},
+                   {FU_STEP_VARIABLE, U"C:\\value;7"},
+                   {FU_STEP_LISTS, U"C:\\device\\f.e"},
+                   {FU_STEP_LISTS, U"C:\\device\\f.e;7"},
+                   {FU_STEP_LISTS, U"C:\\device\\\\a\\b\\f.e"},
+                   {FU_STEP_LISTS, U"C:\\device\\\\a\\b\\f.e;7"},
+                   {FU_STEP_LISTS, U"C:\\list\\f.e"},
+                   {FU_STEP_LISTS, U"C:\\list\\f.e;7"},
+                   {FU_STEP_LISTS, U"C:\\list\\\\a\\b\\f.e"},
+                   {FU_STEP_LISTS, U"C:\\list\\\\a\\b\\f.e;7"},
+                   {FU_STEP_RELOCATED, U".\\f.e"},
+                   {FU_STEP_RELOCATED, U"VX_PWP:b\\f.e"},
+                   {FU_STEP_RELOCATED, U"C:\\pwp\\f.e"},
+                   {FU_STEP_RELOCATED, U"C:\\pwp\\b\\f.e"}},
+                  false));
 }
 
 TEST(SearchLists, TheDevicesListComesBeforeTheSearchPath) {
@@ -172,6 +193,21 @@ TEST(SearchPwp, TheTwoLevelsFollowARootWhole) {
                                 false));
 }
 
+TEST(SearchPwp, WithoutTheVariableNothingIsRelocated) {
+  const HostVariables variables{};
+  EXPECT_EQ(look_for(U"C:\\old\\sub\\f").tried, tried({{FU_STEP_AS_IS, U"C:\\old\\sub\\f"}}, false));
+  EXPECT_EQ(look_for(U"sub\\f").tried, tried({{FU_STEP_AS_IS, U"sub\\f"}}, false));
+}
+
+TEST(SearchPwp, TheLastTwoLevelsKeepTheirTextAsItIs) {
+  const HostVariables variables{{wide(U"VX_PWP"), wide(U"C:\\none")}};
+  const auto relocated = [](std::u32string_view ufs) { return tried_in_vain(ufs, U"", U"", {}).at(1); };
+  EXPECT_EQ(relocated(U"\\\\srv\\share\\f"), (Tried{FU_STEP_RELOCATED, wide(U"VX_PWP:share\\f"), false}));
+  EXPECT_EQ(relocated(U"\\\\srv\\f"), (Tried{FU_STEP_RELOCATED, wide(U"VX_PWP:srv\\f"), false}));
+  EXPECT_EQ(relocated(U"C:\\a/b\\sub\\f.e;2"), (Tried{FU_STEP_RELOCATED, wide(U"VX_PWP:sub\\f.e;2"), false}));
+  EXPECT_EQ(relocated(U"C:\\a\\b\\sub\\"), (Tried{FU_STEP_RELOCATED, wide(U"VX_PWP:b\\sub\\"), false}));
+}
+
 TEST(SearchPwp, ASingleLevelIsNotRelocated) {
   const HostVariables variables{{wide(U"VX_PWP"), wide(U"C:\\none")}};
   EXPECT_EQ(look_for(U"C:\\f").tried, tried({{FU_STEP_AS_IS, U"C:\\f"}}, false));
@@ -248,81 +284,6 @@ TEST(Search, LongSpecificationsAreCut) {
     EXPECT_EQ(result.status, FU_NOT_FOUND);
     for (const Tried& each : result.tried) EXPECT_LE(each.candidate.size(), 255u);
   }
-}
-
-// Every request in turn fails once: what is found is right, and what is not found is told apart.
-TEST(SearchMemory, AListThatWasNotLookedAtIsNoMemoryUnlessTheFileIsFound) {
-  const HostDir dir;
-  dir.make_file(U"f.txt");
-  const HostVariables variables{{wide(U"DATA"), wide(dir.spec())}};
-  const WideText everywhere = wide(dir.spec()), nowhere = wide(U"C:\\none");
-  CPWChar out[FU_WIDE];
-  FUSearchUFSW(wide(U"f").c_str(), nullptr, nullptr, nullptr, out);
-  const long before = platform::capi_blocks_out();
-
-  int no_memory = 0, not_found = 0;
-  for (int request = 0; request < 40; ++request) {
-    platform::capi_fail_once_after(request);
-    const int status = FUSearchUFSW(wide(U"DATA:f.txt").c_str(), everywhere.c_str(), nullptr, nullptr, out);
-    platform::capi_fail_after(-1);
-    EXPECT_EQ(status, FU_OK) << request;
-    EXPECT_EQ(WideText(out), wide(dir.spec(U"f.txt"))) << request;
-
-    platform::capi_fail_once_after(request);
-    const int other = FUSearchUFSW(wide(U"g.txt").c_str(), nowhere.c_str(), nullptr, nullptr, out);
-    platform::capi_fail_after(-1);
-    EXPECT_EQ(out[0], 0) << request;
-    ++(other == FU_NO_MEMORY ? no_memory : not_found);
-    EXPECT_TRUE(other == FU_NO_MEMORY || other == FU_NOT_FOUND) << request;
-    EXPECT_EQ(platform::capi_blocks_out(), before) << request;
-  }
-  EXPECT_EQ(no_memory, 1);
-  EXPECT_GT(not_found, 0);
-}
-
-TEST(SearchMemory, TheNarrowFormTellsALostSearchPathToo) {
-  CPWChar wide_out[FU_WIDE];
-  FUSearchUFSW(wide(U"f").c_str(), nullptr, nullptr, nullptr, wide_out);
-  const long before = platform::capi_blocks_out();
-  const HostVariables variables{};
-  for (int request = 0; request < 20; ++request) {
-    char out[FU_NARROW] = "x";
-    platform::capi_fail_after(request);
-    const int status = FUSearchUFS("g.txt", "C:\\none", "", "", out);
-    platform::capi_fail_after(-1);
-    EXPECT_TRUE(status == FU_NO_MEMORY || request >= 2) << request << ": " << status;
-    EXPECT_EQ(out[0], '\0');
-    EXPECT_EQ(platform::capi_blocks_out(), before) << request;
-  }
-}
-
-TEST(SearchMemory, AnInnerSearchThatRanOutOfMemoryIsReported) {
-  const HostVariables variables{{wide(U"VX_PWP"), wide(U"C:\\none")}};
-  int no_memory = 0;
-  CPWChar out[FU_WIDE];
-  for (int request = 0; request < 60; ++request) {
-    platform::capi_fail_once_after(request);
-    const int status = FUSearchUFSW(wide(U"lost\\f").c_str(), nullptr, nullptr, nullptr, out);
-    platform::capi_fail_after(-1);
-    if (status == FU_NO_MEMORY) ++no_memory;
-  }
-  EXPECT_EQ(no_memory, 1);
-}
-
-TEST(SearchMemory, NothingLeaksWhicheverStepFindsTheFile) {
-  const HostDir dir;
-  dir.make_file(U"sub\\f.txt");
-  const HostVariables variables{{wide(U"DATA"), wide(dir.spec())},
-                                {wide(U"FILE"), wide(dir.spec(U"sub\\f.txt"))},
-                                {wide(U"VX_PWP"), wide(dir.spec(U"sub"))}};
-  found(U"f.txt");
-  const long before = platform::capi_blocks_out();
-  for (const std::u32string& ufs :
-       {dir.spec(U"sub\\f.txt"), std::u32string(U"FILE"), std::u32string(U"DATA:sub\\f.txt"),
-        std::u32string(U"C:\\x\\y\\f.txt"), std::u32string(U"x\\f.txt")}) {
-    EXPECT_FALSE(found(ufs).empty());
-  }
-  EXPECT_EQ(platform::capi_blocks_out(), before);
 }
 
 TEST(SearchExplain, WithoutAnObserverItIsTheSearch) {

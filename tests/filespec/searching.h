@@ -5,6 +5,8 @@
 #ifndef CORVANE_PRINT_TESTS_FILESPEC_SEARCHING_H
 #define CORVANE_PRINT_TESTS_FILESPEC_SEARCHING_H
 
+#include <gtest/gtest.h>
+
 #include <cstring>
 #include <initializer_list>
 #include <optional>
@@ -51,6 +53,34 @@ inline SearchResult explained(const WideText& ufs, const WideText& list = {}, co
   result.found = out.data();
   result.intact = out.intact();
   return result;
+}
+
+// What a search finds; the plain, the explained and the narrow form must agree.
+inline SearchResult look_for(std::u32string_view ufs, std::u32string_view list = {},
+                             std::u32string_view ext = {}, std::u32string_view ver = {}) {
+  const SearchResult result = explained(wide(ufs), wide(list), wide(ext), wide(ver));
+  EXPECT_TRUE(result.intact);
+  Guarded<CPWChar> out(FU_WIDE);
+  EXPECT_EQ(FUSearchUFSW(wide(ufs).c_str(), list.empty() ? nullptr : wide(list).c_str(),
+                         ext.empty() ? nullptr : wide(ext).c_str(), ver.empty() ? nullptr : wide(ver).c_str(),
+                         out.data()),
+            result.status);
+  EXPECT_EQ(WideText(out.data()), result.found);
+  EXPECT_TRUE(out.intact());
+  Guarded<char> narrow_out(FU_NARROW);
+  EXPECT_EQ(FUSearchUFS(narrow(ufs).c_str(), list.empty() ? nullptr : narrow(list).c_str(),
+                        narrow(ext).c_str(), narrow(ver).c_str(), narrow_out.data()),
+            result.status);
+  EXPECT_EQ(std::string(narrow_out.data()).empty(), result.found.empty());
+  EXPECT_TRUE(narrow_out.intact());
+  return result;
+}
+
+inline WideText found(std::u32string_view ufs, std::u32string_view list = {}, std::u32string_view ext = {},
+                      std::u32string_view ver = {}) {
+  const SearchResult result = look_for(ufs, list, ext, ver);
+  EXPECT_EQ(result.status, result.found.empty() ? FU_NOT_FOUND : FU_OK);
+  return result.found;
 }
 
 // The host's configuration: variables of the test, for the life of the object. One at a time.

@@ -4,29 +4,30 @@
  * FU: file specifications. Usable from C and C++.
  *
  * A plot engine names files in three forms:
- *   UFS  universal: whatever a user or a configuration may give - a path, a logical specification, a bare name,
- *        or the name of a configuration variable whose value is a specification
- *   LFS  logical: dev:dir\name.ext;ver, where dev is a drive letter or a logical device, that is the name of a
- *        configuration variable whose value is a directory, or a list of directories separated by ;
+ *   UFS  universal: whatever a user or a configuration may give - a path, a logical specification, a bare
+ *        name, or the name of a configuration variable whose value is a specification
+ *   LFS  logical: dev:dir\name.ext;ver, where dev is a drive letter or a logical device, that is the name of
+ *        a configuration variable whose value is a directory, or a list of directories separated by ;
  *   HFS  host: a path that the operating system understands, with a drive letter or as \\server\share\...
  * All of them have the same five components: dev, dir, name, ext (without its dot) and ver (what follows ;).
  *
  * Elsewhere than on Windows every \ of a host specification stands for /, drive Z: is the root directory, and
- * another drive X: is the directory that the environment variable CORVANE_DRIVE_X names; it names nothing while
- * that is unset. The current directory /home/user is Z:\home\user there, and so is a plain path of that kind in the
- * variable PWD, which shells keep.
+ * another drive X: is the directory that the environment variable CORVANE_DRIVE_X names; it names nothing
+ * while that is unset. The current directory /home/user is Z:\home\user there, and so is a plain path of that
+ * kind in the variable PWD, which shells keep.
  *
  *     CPWChar found[FU_WIDE];
  *     if (FUSearchUFSW(ufs, searchPath, defExt, 0, found) == FU_OK) use(found);
  *
- * Buffers: a wide output has room for FU_WIDE characters, a narrow one for FU_NARROW bytes. Longer input is cut
- * at 255 characters before it is used, where nothing else is said; longer results are cut too. A null input is an
- * empty text. An output must not overlap the inputs of a wide function unless that is said; narrow buffers may be
- * the same. Functions without a W are the narrow twins of those with it: they convert their texts, call the wide
- * function, and convert its results back; what is said of the wide function holds for both.
+ * Buffers: a wide output has room for FU_WIDE characters, a narrow one for FU_NARROW bytes. Longer input is
+ * cut at 255 characters before it is used, where nothing else is said; longer results are cut too. A null
+ * input is an empty text. An output must not overlap the inputs of a wide function unless that is said;
+ * narrow buffers may be the same. Functions without a W are the narrow twins of those with it: they convert
+ * their texts, call the wide function, and convert its results back; what is said of the wide function holds
+ * for both.
  * Names of variables are looked up as told in cf.h: through the host's callback, or in the environment.
- * Threads: no call may run while another thread installs a configuration callback; and the first FUSearchUFS of
- * a process must not run on two threads at once, since it reads two switches for all later ones.
+ * Threads: no call may run while another thread installs a configuration callback; and the first FUSearchUFS
+ * of a process must not run on two threads at once, since it reads two switches for all later ones.
  */
 #ifndef CORVANE_PRINT_FU_H
 #define CORVANE_PRINT_FU_H
@@ -55,19 +56,19 @@ enum {
 
 /* ---- Parsing ---- */
 
-/* Splits a specification into its components. Outputs may be null; those that are not receive the component or
- * an empty text; one of them may be `ufs`. Returns FU_OK.
+/* Splits a specification into its components. Outputs may be null; those that are not receive the component
+ * or an empty text; one of them may be `ufs`. Returns FU_OK.
  * The last ; starts the version and the first : ends the device. The directory ends at the last of / \ ]; it
- * keeps that character, and all others, where it is ] or the directory is nothing else, and otherwise loses it and
- * has its / turned into \. The last . starts the extension unless the name begins with it; a name that ends with it has the
- * extension ".". */
+ * keeps that character, and all others, where it is ] or the directory is nothing else, and otherwise loses
+ * it and has its / turned into \. The last . starts the extension unless the name begins with it; a name that
+ * ends with it has the extension ".". */
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FUParseUFSW(const CPWChar* ufs, CPWChar* dev, CPWChar* dir,
                                                      CPWChar* name, CPWChar* ext, CPWChar* ver);
-CORVANE_PRINT_API int CORVANE_PRINT_CALL FUParseUFS(const char* ufs, char* dev, char* dir, char* name, char* ext,
-                                                    char* ver);
+CORVANE_PRINT_API int CORVANE_PRINT_CALL FUParseUFS(const char* ufs, char* dev, char* dir, char* name,
+                                                    char* ext, char* ver);
 
-/* 1 when the specification is a full host path: a device and a directory that starts with \, or no device and a
- * directory that starts with \\.
+/* 1 when the specification is a full host path: a device and a directory that starts with \, or no device and
+ * a directory that starts with \\.
  * Oddity, kept: C:/f.txt is not full (its directory is /), C:/a/f.txt is. */
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FUIsFullHFSW(const CPWChar* hfs);
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FUIsFullHFS(const char* hfs);
@@ -78,51 +79,56 @@ CORVANE_PRINT_API int CORVANE_PRINT_CALL FUIsFullLFS(const char* lfs);
 
 /* ---- Building and resolving ---- */
 
-/* Joins components, each of which may be null or empty, with the separators that they lack. `out` may be one of
- * them. Returns FU_OK, or FU_SHORTENED when the name had to be cut.
- * Oddities, kept: an extension or version with nothing before it gets no dot or semicolon; the name is cut only
- * when it and its extension, both measured whole, exceed 513 characters, which the narrow form never sees since
- * its texts are cut before; shorter ones are cut by the buffer without a word; a directory that ends in / still
- * receives \. */
-CORVANE_PRINT_API int CORVANE_PRINT_CALL FUBuildLFSW(const CPWChar* dev, const CPWChar* dir, const CPWChar* name,
-                                                     const CPWChar* ext, const CPWChar* ver, CPWChar* out);
+/* Joins components, each of which may be null or empty, with the separators that they lack. `out` may be one
+ * of them. Returns FU_OK, or FU_SHORTENED when the name had to be cut.
+ * Oddities, kept: an extension or version with nothing before it gets no dot or semicolon; the name is cut
+ * only when it and its extension, both measured whole, exceed 513 characters, which the narrow form never
+ * sees since its texts are cut before; shorter ones are cut by the buffer without a word; a directory that
+ * ends in / still receives \. */
+CORVANE_PRINT_API int CORVANE_PRINT_CALL FUBuildLFSW(const CPWChar* dev, const CPWChar* dir,
+                                                     const CPWChar* name, const CPWChar* ext,
+                                                     const CPWChar* ver, CPWChar* out);
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FUBuildLFS(const char* dev, const char* dir, const char* name,
                                                     const char* ext, const char* ver, char* out);
 
-/* Turns a logical specification into a host one and fills what it lacks from the defaults (null or empty: none).
- * A logical device is replaced by the first entry of its variable's list, which may be empty; the specification's
- * own directory is then dropped. A specification that is the name of a variable is replaced by the whole value.
- * `out` may be `lfs`, but none of the defaults. Returns FU_OK, or FU_NO_DEVICE with an empty result, or with the specification as far as it was
- * translated when it is the default device that is undefined. */
+/* Turns a logical specification into a host one and fills what it lacks from the defaults (null or empty:
+ * none). A logical device is replaced by the first entry of its variable's list, which may be empty; the
+ * specification's own directory is then dropped. A specification that is the name of a variable is replaced
+ * by the whole value. `out` may be `lfs`, but none of the defaults. Returns FU_OK, or FU_NO_DEVICE with an
+ * empty result, or with the specification as far as it was translated when it is the default device that is
+ * undefined. */
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FUFindCreateHFSW(const CPWChar* lfs, const CPWChar* defDev,
                                                           const CPWChar* defDir, const CPWChar* defExt,
                                                           const CPWChar* defVer, CPWChar* out);
-CORVANE_PRINT_API int CORVANE_PRINT_CALL FUFindCreateHFS(const char* lfs, const char* defDev, const char* defDir,
-                                                         const char* defExt, const char* defVer, char* out);
+CORVANE_PRINT_API int CORVANE_PRINT_CALL FUFindCreateHFS(const char* lfs, const char* defDev,
+                                                         const char* defDir, const char* defExt,
+                                                         const char* defVer, char* out);
 
-/* Makes a partial host path full, from the current directory: the variable PWD, a host specification, where it is
- * defined, else the process's. Elsewhere than on Windows a value of PWD that starts with / is a path under drive Z:.
- * A current directory of more than 255 characters is cut. `out` may be the path itself.
+/* Makes a partial host path full, from the current directory: the variable PWD, a host specification, where
+ * it is defined, else the process's. Elsewhere than on Windows a value of PWD that starts with / is a path
+ * under drive Z:. A current directory of more than 255 characters is cut. `out` may be the path itself.
  * Returns FU_OK, or FU_FAILED with an empty result when .. climbs above the root.
- * Oddities, kept: a device on a relative path is ignored; a directory of more than 50 levels counts as none; a
- * path that starts with / is relative. Each value of PWD that was read stays allocated, as with CFGetenv. */
+ * Oddities, kept: a device on a relative path is ignored; a directory of more than 50 levels counts as none;
+ * a path that starts with / is relative; each value of PWD that was read stays allocated, as with
+ * CFGetenv. */
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FUFindFullHFSW(const CPWChar* partialHfs, CPWChar* out);
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FUFindFullHFS(const char* partialHfs, char* out);
 
 /* Puts a component behind a path, with a separator between them. `out` may be `hfs`. Returns FU_OK.
  * Oddity, kept: in the wide form a component that fills the buffer leaves out[255] alone, so the text has no
  * terminator unless the caller has put one there. */
-CORVANE_PRINT_API int CORVANE_PRINT_CALL FUAppendCompHFSW(const CPWChar* hfs, const CPWChar* comp, CPWChar* out);
+CORVANE_PRINT_API int CORVANE_PRINT_CALL FUAppendCompHFSW(const CPWChar* hfs, const CPWChar* comp,
+                                                          CPWChar* out);
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FUAppendCompHFS(const char* hfs, const char* comp, char* out);
 
-/* Takes `count` levels off the end; only \ counts. A path of more than 255 characters is cut after that, but before
- * it where `out` is `hfs`. Returns FU_OK, or FU_FAILED with an empty result when
- * there are fewer levels or count is negative. */
+/* Takes `count` levels off the end; only \ counts. A path of more than 255 characters is cut after that, but
+ * before it where `out` is `hfs`. Returns FU_OK, or FU_FAILED with an empty result when there are fewer
+ * levels or count is negative. */
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FURemoveCompsHFSW(const CPWChar* hfs, int count, CPWChar* out);
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FURemoveCompsHFS(const char* hfs, int count, char* out);
 
-/* Adds a separator \ at the end of a text that is not empty, lacks one and has room for it, or removes one; the
- * separator of a root stays. `out` may be `src`. Removing cuts as above. Both return FU_OK. */
+/* Adds a separator \ at the end of a text that is not empty, lacks one and has room for it, or removes one;
+ * the separator of a root stays. `out` may be `src`. Removing cuts as above. Both return FU_OK. */
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FUAppendDirSepHFSW(const CPWChar* src, CPWChar* out);
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FUAppendDirSepHFS(const char* src, char* out);
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FURemoveDirSepHFSW(const CPWChar* src, CPWChar* out);
@@ -133,12 +139,12 @@ CORVANE_PRINT_API int CORVANE_PRINT_CALL FURemoveDirSepHFS(const char* src, char
 /* A walk over the elements of a list; the caller holds a pointer to it, nothing else. */
 typedef struct FUPathIterator FUPathIterator;
 
-/* The first element of a list, and the following ones. The list may have any length. Delimiters: each character
- * is one; null or empty means ";". Empty elements are skipped.
+/* The first element of a list, and the following ones. The list may have any length. Delimiters: each
+ * character is one; null or empty means ";". Empty elements are skipped.
  *   out       room for the longest element; FU_WIDE (FU_NARROW) suffices, longer elements are cut
  *   iterator  out: the walk, which the caller ends unless it has come to its end by itself
- * Return FU_OK; FU_FAILED when there is no (further) element, FU_NO_MEMORY; with both of these the iterator is
- * released and set to null, and `out` is empty. */
+ * Return FU_OK; FU_FAILED when there is no (further) element, FU_NO_MEMORY; with both of these the iterator
+ * is released and set to null, and `out` is empty. */
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FUPathGetFirstW(const CPWChar* path, const CPWChar* delimiters,
                                                          CPWChar* out, FUPathIterator** iterator);
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FUPathGetFirst(const char* path, const char* delimiters, char* out,
@@ -149,8 +155,8 @@ CORVANE_PRINT_API int CORVANE_PRINT_CALL FUPathGetNext(FUPathIterator** iterator
 /* Ends a walk before its end; null is ignored. */
 CORVANE_PRINT_API void CORVANE_PRINT_CALL FUPathFree(FUPathIterator* iterator);
 
-/* 1 when an element of the list, without blanks around it, is a pattern (see STRMatchPatternCIW in str.h) that
- * comp matches, ignoring case; also 1 when it equals comp. 0 otherwise, and when there is no memory. */
+/* 1 when an element of the list, without blanks around it, is a pattern (see STRMatchPatternCIW in str.h)
+ * that comp matches, ignoring case; also 1 when it equals comp. 0 otherwise, and when there is no memory. */
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FUPathContainsCompW(const CPWChar* path, const CPWChar* delimiters,
                                                              const CPWChar* comp);
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FUPathContainsComp(const char* path, const char* delimiters,
@@ -166,16 +172,19 @@ CORVANE_PRINT_API int CORVANE_PRINT_CALL FUPathContainsComp(const char* path, co
  *   6  what is no full logical specification: name.ext in the directories of VX_PWP
  * Each candidate is also tried with the default extension and version where it has none (null or empty: no
  * default); in steps 5 and 6 there are no defaults. A directory is never found.
- * Returns FU_OK with the file's host specification; FU_NOT_FOUND; or FU_NO_MEMORY when nothing was found and a
- * list could not be looked at; with both of these `out` is empty.
+ * Returns FU_OK with the file's host specification; FU_NOT_FOUND; or FU_NO_MEMORY when nothing was found and
+ * a list could not be looked at; with both of these `out` is empty.
  * Oddities, kept: the two switches are read by the first search of a process, later changes are not seen; the
- * version is not looked for in step 4; on Windows candidates are looked for by their narrow names. */
+ * version is not looked for in step 4; a value that names the file which is found, in step 3, stays
+ * allocated; on Windows candidates are looked for by their narrow names. */
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FUSearchUFSW(const CPWChar* ufs, const CPWChar* searchPath,
-                                                      const CPWChar* defExt, const CPWChar* defVer, CPWChar* out);
-CORVANE_PRINT_API int CORVANE_PRINT_CALL FUSearchUFS(const char* ufs, const char* searchPath, const char* defExt,
-                                                     const char* defVer, char* out);
+                                                      const CPWChar* defExt, const CPWChar* defVer,
+                                                      CPWChar* out);
+CORVANE_PRINT_API int CORVANE_PRINT_CALL FUSearchUFS(const char* ufs, const char* searchPath,
+                                                     const char* defExt, const char* defVer, char* out);
 
-/* The step that a candidate belongs to. Candidates of the searches that steps 5 and 6 begin belong to these. */
+/* The step that a candidate belongs to. Candidates of the searches that steps 5 and 6 begin belong to
+ * these. */
 enum {
   FU_STEP_CURRENT_DIRECTORY = 1,
   FU_STEP_AS_IS = 2,
@@ -192,8 +201,9 @@ enum {
  * May search itself. What it throws goes no further: the search goes on. */
 typedef void(CORVANE_PRINT_CALL* FUSearchTried)(void* context, int step, const CPWChar* candidate, int found);
 
-/* FUSearchUFSW with the same results, which calls tried(context, ...) for each candidate in the order in which
- * they are tried, on the caller's thread. A null `tried` is nobody. For telling users why a file is not found. */
+/* FUSearchUFSW with the same results, which calls tried(context, ...) for each candidate in the order in
+ * which they are tried, on the caller's thread. A null `tried` is nobody. For telling users why a file is not
+ * found. */
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FUSearchExplainW(const CPWChar* ufs, const CPWChar* searchPath,
                                                           const CPWChar* defExt, const CPWChar* defVer,
                                                           CPWChar* out, FUSearchTried tried, void* context);
@@ -203,21 +213,23 @@ CORVANE_PRINT_API int CORVANE_PRINT_CALL FUSearchExplainW(const CPWChar* ufs, co
 /* An enumeration in progress. */
 typedef struct FUMatchLFSHandle FUMatchLFSHandle;
 
-/* The host specifications of the files and directories that match a specification with * and ?, ignoring case,
- * in every directory of its device's list; one a call. A specification that names a variable stands for the first
- * entry of its value. Defaults (null or empty: none) fill what the specification lacks. The names of a directory
- * come in ascending order of their bytes. On Windows they come as the system delivers them, whose own wildcards
- * must match as well. Several enumerations may be in progress at once.
+/* The host specifications of the files and directories that match a specification with * and ?, ignoring
+ * case, in every directory of its device's list; one a call. A specification that names a variable stands for
+ * the first entry of its value. Defaults (null or empty: none) fill what the specification lacks. The names
+ * of a directory come in ascending order of their bytes. On Windows they come as the system delivers them,
+ * whose own wildcards must match as well. A directory beside which the pattern does not fit into 255
+ * characters has no match. Several enumerations may be in progress at once.
  * Return FU_OK; FU_FAILED when there is no (further) match; FU_NO_MEMORY; with both of these the handle is
  * released and set to null, and `out` is empty.
- * Oddities, kept: a specification without wildcards is handed back unchanged, with a null handle, whether or not
- * there is such a file; the directory of a specification with a list of directories is not looked at. */
+ * Oddities, kept: a specification without wildcards is handed back unchanged, with a null handle, whether or
+ * not there is such a file; the directory of a specification with a list of directories is not looked at. */
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FUMatchLFSFirstW(const CPWChar* lfs, const CPWChar* defDev,
                                                           const CPWChar* defDir, const CPWChar* defExt,
                                                           const CPWChar* defVer, CPWChar* out,
                                                           FUMatchLFSHandle** handle);
-CORVANE_PRINT_API int CORVANE_PRINT_CALL FUMatchLFSFirst(const char* lfs, const char* defDev, const char* defDir,
-                                                         const char* defExt, const char* defVer, char* out,
+CORVANE_PRINT_API int CORVANE_PRINT_CALL FUMatchLFSFirst(const char* lfs, const char* defDev,
+                                                         const char* defDir, const char* defExt,
+                                                         const char* defVer, char* out,
                                                          FUMatchLFSHandle** handle);
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FUMatchLFSNextW(FUMatchLFSHandle** handle, CPWChar* out);
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FUMatchLFSNext(FUMatchLFSHandle** handle, char* out);
