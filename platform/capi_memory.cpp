@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The Corvane Print authors
 //
-// Shared state: the failure plan, written by tests only, and the counts of requests and of blocks. They are
-// atomic because lookups may run on several threads; the counting costs two relaxed additions a request.
+// Shared state: the failure plan and the watch, written by tests only, and the counts of requests and of
+// blocks. They are atomic because lookups may run on several threads; the counting costs two relaxed
+// additions a request.
 #include "platform/capi_memory.h"
 
 #include <atomic>
@@ -15,6 +16,7 @@ std::atomic<long> g_requests{0};
 std::atomic<long> g_successes_left{-1};
 std::atomic<bool> g_fail_only_once{false};
 std::atomic<long> g_blocks_out{0};
+std::atomic<void (*)(void*)> g_watch_free{nullptr};
 
 bool request_may_succeed() noexcept {
   g_requests.fetch_add(1, std::memory_order_relaxed);
@@ -47,6 +49,7 @@ void* capi_realloc(void* block, std::size_t bytes) noexcept {
 void capi_free(void* block) noexcept {
   if (block == nullptr) return;
   g_blocks_out.fetch_sub(1, std::memory_order_relaxed);
+  if (void (*const watch)(void*) = g_watch_free.load(std::memory_order_relaxed)) watch(block);
   std::free(block);
 }
 
@@ -69,6 +72,10 @@ long capi_fail_once_after(long successes) noexcept {
 
 long capi_blocks_out() noexcept {
   return g_blocks_out.load(std::memory_order_relaxed);
+}
+
+void capi_watch_free(void (*watch)(void* block)) noexcept {
+  g_watch_free.store(watch, std::memory_order_relaxed);
 }
 
 }  // namespace Corvane::Print::platform

@@ -33,6 +33,9 @@ long capi_fail_once_after(long successes) noexcept;
 // general heap still count.
 long capi_blocks_out() noexcept;
 
+// For tests: `watch` sees every block just before it is released; null ends that. It must not release any.
+void capi_watch_free(void (*watch)(void* block)) noexcept;
+
 // A standard allocator over the door above; throws std::bad_alloc, which the exported functions catch.
 template <class T>
 struct CapiAllocator {

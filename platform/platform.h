@@ -4,10 +4,13 @@
 // The one door to the operating system. platform/win32/ and platform/posix/ implement this page, in files of
 // the same names, and the build picks one of the folders; nobody else includes a system's headers.
 //
-// Counts are ints, as the systems' own calls have them. Nothing here keeps state. Only guarded_call and
-// network_name can be left by anything but a return.
+// Counts are ints, as the systems' own calls have them. Nothing here keeps state but the locks, which are the
+// system's. guarded_call, network_name, process_lock_name and the functions of shared_library.cpp can be left
+// by something else than a return.
 #ifndef CORVANE_PRINT_PLATFORM_PLATFORM_H
 #define CORVANE_PRINT_PLATFORM_PLATFORM_H
+
+#include <cstdarg>
 
 #include "corvane/print/types.h"
 
@@ -132,6 +135,76 @@ int current_directory(CPWChar* out, int capacity) noexcept;
 // (0xC06D007E: no library, 0xC06D007F: no such function in it), unless the host's recorder has a substitute.
 bool network_name(const CPWChar* root, CPWChar* out, int capacity);
 bool network_name(const char* root, char* out, int capacity);
+
+// named_lock.cpp
+// ----------------------------------------------------------------------------------------------
+//
+// Locks that all parts of a process find by their name, so that several copies of this code in one process
+// exclude each other on Windows. Elsewhere there is one lock, whatever the name. A thread may take a lock
+// that it holds already.
+
+inline constexpr int kLockNameCapacity = 260;
+
+// A name of this process alone: the text, " #" and the process's number in eight lower-case hexadecimal
+// digits.
+//   text      at most 200 characters
+//   out       room for kLockNameCapacity bytes
+// On Windows the user library is bound by the first call; when that fails, a structured exception leaves the
+// function.
+void process_lock_name(const char* text, char* out);
+
+// Creates or finds a lock, which is not taken by it. Null when there is none to be had.
+void* create_named_lock(const char* name) noexcept;
+
+// Waits for a lock without end. True when the caller holds it now, also when its last holder ended without
+// releasing it.
+bool wait_for_named_lock(void* lock) noexcept;
+
+// Releases a lock, where the caller holds it, and gives it back. Null is allowed and does nothing.
+void release_named_lock(void* lock) noexcept;
+
+// shared_library.cpp
+// ------------------------------------------------------------------------------------------
+//
+// Libraries that are there or are not. What is loaded stays. A library's own start code runs on the way and
+// may throw.
+
+inline constexpr int kLibraryNameCapacity = 64;
+
+// Loads name.dll or libname.so, which the system looks for where it looks for every library. Null when there
+// is none or it cannot be loaded.
+//   name      shorter than kLibraryNameCapacity
+void* load_library(const char* name);
+
+// What the library exports under a name, or null. The caller knows the type.
+using LibraryFunction = void (*)();
+LibraryFunction library_function(void* library, const char* name);
+
+// A text of the library: its string resource on Windows, elsewhere the array of characters that it exports as
+// `symbol`. Cut to the room and terminated.
+//   out       room for `capacity` bytes, at least 1
+// Returns its length; 0 when there is none or it is empty, and `out` is not defined then. On Windows the user
+// library is bound by the first call, as above.
+int library_text(void* library, unsigned resource, const char* symbol, char* out, int capacity);
+
+// wide_format.cpp
+// ---------------------------------------------------------------------------------------------
+
+// Formats wide text, with the Windows meanings of the conversions:
+//   %s %ls %ws    wide text, 16 bit            %c %lc %wc    a wide character
+//   %S %hs %hS    narrow text                  %C %hc %hC    a narrow character
+//   %d %i %u %o %x %X   int; with h, l, ll, I32, I64, I (the size of a pointer) in front, another size
+//   %e %E %f %g %G %a %A   double; exponents of %e and %g have three digits at least
+//   %p            a pointer, all its digits in upper case
+//   %%            a percent sign; any other character behind a % stands for itself
+// with the flags - + space # 0, a width and a precision, either of which may be *. A null text is "(null)".
+// %n is not for use. What infinities and NaN look like is the runtime's choice. Elsewhere than on Windows z,
+// t and j are sizes as in C, and narrow characters that make no text are replaced as told above.
+//   out       room for `capacity` CHARACTERS
+//   arguments used up
+// Returns the length when it does not exceed the capacity, -1 otherwise and when something could not be
+// formatted; `out` then begins with what was. A terminator follows only a length less than the capacity.
+int format_wide(CPWChar* out, int capacity, const CPWChar* format, va_list arguments);
 
 }  // namespace Corvane::Print::platform
 

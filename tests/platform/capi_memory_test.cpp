@@ -7,6 +7,7 @@
 #include <cstring>
 #include <limits>
 #include <new>
+#include <vector>
 
 namespace Corvane::Print::platform {
 namespace {
@@ -77,6 +78,30 @@ TEST(CapiMemory, BlocksOutAreCounted) {
   EXPECT_EQ(capi_alloc(10), nullptr);
   capi_fail_after(-1);
   EXPECT_EQ(capi_blocks_out(), before);
+}
+
+std::vector<char> g_first_bytes;
+
+void keep_first_byte(void* block) {
+  g_first_bytes.push_back(*static_cast<char*>(block));
+}
+
+TEST(CapiMemory, BlocksCanBeLookedAtJustBeforeTheyAreReleased) {
+  g_first_bytes.clear();
+  capi_watch_free(keep_first_byte);
+  for (const char byte : {'a', 'b'}) {
+    void* const block = capi_alloc(1);
+    ASSERT_NE(block, nullptr);
+    *static_cast<char*>(block) = byte;
+    capi_free(block);
+  }
+  capi_free(nullptr);
+  capi_watch_free(nullptr);
+  void* const unseen = capi_alloc(1);
+  ASSERT_NE(unseen, nullptr);
+  *static_cast<char*>(unseen) = 'c';
+  capi_free(unseen);
+  EXPECT_EQ(g_first_bytes, (std::vector<char>{'a', 'b'}));
 }
 
 TEST(CapiMemory, AVectorReportsThatMemoryRanOut) {

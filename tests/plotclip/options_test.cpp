@@ -57,6 +57,13 @@ TEST(PlotclipOptions, OneScaleIsBothScales) {
   EXPECT_FALSE(o->explain);
 }
 
+TEST(PlotclipOptions, DebugVariablesAddUp) {
+  const auto o =
+      parse({"in.plt", "--debug-var", "A", "--fence", "0,0,1,1", "--debug-var", "B", "-o", "a.plt"});
+  EXPECT_EQ(o->debug_variables, (std::vector<std::string>{"A", "B"}));
+  EXPECT_EQ(o->drawing, "in.plt");
+}
+
 TEST(PlotclipOptions, WrongUsageSaysWhatWasExpected) {
   EXPECT_EQ(wrong({"in.plt", "-o", "a.png"}), "expected --fence x0,y0,x1,y1 or --fence-file FILE");
   EXPECT_EQ(wrong({"in.plt", "--fence", "1,2,3", "-o", "a.png"}),
@@ -79,6 +86,7 @@ TEST(PlotclipOptions, MissingAndUnknownArgumentsAreWrongUsage) {
   EXPECT_NE(wrong({"in.plt", "--fence", "1,2,3,4", "-o", "a.png", "--sideways"}), "accepted");
   EXPECT_NE(wrong({"in.plt", "--fence", "1,2,3,4", "--fence-file", "f", "-o", "a.png"}), "accepted");
   EXPECT_NE(wrong({"in.plt", "--fence", "1,2,3,4", "--explain", "-o", "a.png"}), "accepted");
+  EXPECT_NE(wrong({"in.plt", "--fence", "1,2,3,4", "-o", "a.png", "--debug-var"}), "accepted");
   EXPECT_NE(wrong({"in.plt", "more.plt", "--fence", "1,2,3,4", "-o", "a.png"}), "accepted");
   EXPECT_NE(wrong({"in.plt", "--fence", "1,2,3,4", "-o", "a.png", "--size", "1"}), "accepted");
 }

@@ -109,6 +109,39 @@ TEST(PlotclipProgram, TheSummaryTellsWhatWasKept) {
                       "area kept    4000.000000 of 12000.000000\n");
 }
 
+// The summary's line about plot areas for a fence file of these lines.
+std::string plot_areas(const std::string& lines, const std::string& options = "") {
+  const TempFolder folder;
+  const Outcome outcome = run_plotclip(kSample + " --fence-file " + folder.write("f.txt", lines) + " -o " +
+                                       folder.file("o.plt") + options);
+  EXPECT_EQ(outcome.code, 0) << outcome.err;
+  const std::size_t at = outcome.out.find("plot areas");
+  return at == std::string::npos ? "" : outcome.out.substr(at, outcome.out.find('\n', at) - at);
+}
+
+TEST(PlotclipProgram, TheSummaryTellsWhichPolygonsOfAFenceFileArePlotAreas) {
+  const std::string rectangle = "0 0\n90 0\n90 90\n0 90\n", triangle = "200 0\n300 0\n250 90\n",
+                    corners = "400 0\n500 90\n";
+  EXPECT_EQ(plot_areas(rectangle), "plot areas   1 of 1 rectangular");
+  EXPECT_EQ(plot_areas(corners), "plot areas   1 of 1 rectangular");
+  EXPECT_EQ(plot_areas(triangle), "plot areas   0 of 1 rectangular");
+  EXPECT_EQ(plot_areas(rectangle + "\n" + triangle + "\n" + corners), "plot areas   2 of 3 rectangular: 1 3");
+  EXPECT_EQ(plot_areas(rectangle + "\n" + corners), "plot areas   2 of 2 rectangular");
+}
+
+TEST(PlotclipProgram, PlotAreasAreJudgedBeforeTheFenceIsGrown) {
+  // Rounded to whole units nothing is left of it; grown, it would be a square.
+  EXPECT_EQ(plot_areas("0 0\n0.4 0\n0.4 0.4\n0 0.4\n", " --grow 2"), "plot areas   0 of 1 rectangular");
+}
+
+TEST(PlotclipProgram, ManyPlotAreasAreNotAllListed) {
+  std::string lines;
+  for (int i = 0; i < 13; ++i)
+    lines += std::to_string(20 * i) + " 0\n" + std::to_string(20 * i + 10) + " 9\n\n";
+  EXPECT_EQ(plot_areas(lines + "0 50\n9 50\n5 59\n"),
+            "plot areas   13 of 14 rectangular: 1 2 3 4 5 6 7 8 9 10 11 12 ...");
+}
+
 TEST(PlotclipProgram, GrowingOutsideAndTransformsWorkTogether) {
   const TempFolder folder;
   const std::string drawing = folder.write("d.plt", "PU0,0;PD100,0;");
