@@ -11,6 +11,8 @@
 #include <string>
 
 #include "plotclip/clip_memory.h"
+#include "plotclip/extent.h"
+#include "plotclip/log.h"
 #include "plotclip/problem.h"
 #include "plotclip/progress.h"
 
@@ -58,8 +60,8 @@ public:
 
   ClipResult run() {
     result_.kept.colours = drawing_.colours;
-    for (const Path& path : drawing_.paths)
-      if (path.kind != PathKind::kLine) clip_polygon(path);
+    log_line(Topic::kClip, "coordinates are multiplied by %g", factor_);
+    clip_polygons();
     for (const auto& [pen, lines] : lines_by_pen()) clip_lines(lines);
     return std::move(result_);
   }
@@ -79,6 +81,16 @@ private:
     if (status != CL_OK) throw Problem(std::string(call) + " failed with status " + std::to_string(status));
   }
 
+  void clip_polygons() {
+    std::size_t count = 0;
+    for (const Path& path : drawing_.paths) {
+      if (path.kind == PathKind::kLine) continue;
+      ++count;
+      clip_polygon(path);
+    }
+    log_line(Topic::kClip, "polygons: %zu paths, %zu kept", count, result_.kept.paths.size());
+  }
+
   void clip_polygon(const Path& path) {
     Path kept = path;
     kept.runs.clear();
@@ -92,6 +104,8 @@ private:
       });
       if (status == CL_INCONSISTENT) {
         ++result_.failed;
+        log_line(Topic::kClip, "a polygon of pen %d, %zu points, is inconsistent and left out", path.pen,
+                 ring.size());
         continue;
       }
       check(status, "CLclipPolygon");
@@ -102,6 +116,7 @@ private:
   }
 
   void clip_lines(const Lines& lines) {
+    const std::size_t before = result_.kept.paths.size();
     for (std::size_t next = 0; next < lines.size();) {
       const std::size_t first = next;
       points_.clear();
@@ -112,6 +127,8 @@ private:
       clip_batch(*lines[first]);
       progress_.advance(next - first);
     }
+    log_line(Topic::kClip, "pen %d, %g mm: %zu lines, %zu pieces kept", lines[0]->pen, lines[0]->width,
+             lines.size(), result_.kept.paths.size() - before);
   }
 
   void clip_batch(const Path& like) {
@@ -140,8 +157,7 @@ private:
 double working_factor(const Drawing& drawing, const FencePolygons& fence) {
   Extent extent;
   extent.add(drawing);
-  for (const PointRun& polygon : fence)
-    for (const Point& p : polygon) extent.add(p);
+  extent.add(fence);
   const double side = extent.longer_side();
   if (!(side > 0.0) || side >= kWorkingExtent) return 1.0;
   return std::min(std::exp2(std::ceil(std::log2(kWorkingExtent / side))), kLargestFactor);

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The Corvane Print authors
 //
-// Extents and figures of a drawing; no state.
+// Figures of a drawing; no state.
 #include "plotclip/drawing.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace Corvane::Print::plotclip {
@@ -55,23 +54,6 @@ double path_area(const Path& path) {
 }
 
 }  // namespace
-
-void Extent::add(const Point& p) {
-  xmin = std::min(xmin, p.x);
-  ymin = std::min(ymin, p.y);
-  xmax = std::max(xmax, p.x);
-  ymax = std::max(ymax, p.y);
-}
-
-void Extent::add(const Drawing& drawing) {
-  for (const Path& path : drawing.paths)
-    for (const PointRun& run : path.runs)
-      for (const Point& p : run) add(p);
-}
-
-double Extent::longer_side() const {
-  return empty() ? 0.0 : std::max(xmax - xmin, ymax - ymin);
-}
 
 double signed_area(const PointRun& ring) {
   double sum = 0.0;

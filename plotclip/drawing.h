@@ -12,7 +12,6 @@
 #define CORVANE_PRINT_PLOTCLIP_DRAWING_H
 
 #include <cstddef>
-#include <limits>
 #include <map>
 #include <vector>
 
@@ -64,18 +63,6 @@ struct Drawing {
   std::map<int, Colour> colours;  // pens whose colour the drawing itself sets
   std::size_t labels = 0;         // texts, counted and passed over
   std::size_t unknown = 0;        // instructions or geometries that are not drawn, counted and passed over
-};
-
-// The smallest upright rectangle around everything added to it; empty until then.
-struct Extent {
-  double xmin = std::numeric_limits<double>::infinity();
-  double ymin = std::numeric_limits<double>::infinity();
-  double xmax = -std::numeric_limits<double>::infinity();
-  double ymax = -std::numeric_limits<double>::infinity();
-  bool empty() const { return xmin > xmax; }
-  void add(const Point& p);
-  void add(const Drawing& drawing);
-  double longer_side() const;
 };
 
 // Figures of the summary. Lengths count the lines, areas the outlines and filled paths.

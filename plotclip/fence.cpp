@@ -4,22 +4,17 @@
 // See fence.h.
 #include "plotclip/fence.h"
 
-#include <algorithm>
 #include <string>
 
 #include "plotclip/fence_file.h"
 #include "plotclip/files.h"
 #include "plotclip/locate.h"
+#include "plotclip/log.h"
+#include "plotclip/outline.h"
 #include "plotclip/problem.h"
 
 namespace Corvane::Print::plotclip {
 namespace {
-
-PointRun corners_of(const PointRun& rectangle) {
-  const auto [x0, x1] = std::minmax(rectangle[0].x, rectangle[1].x);
-  const auto [y0, y1] = std::minmax(rectangle[0].y, rectangle[1].y);
-  return {{x0, y0}, {x1, y0}, {x1, y1}, {x0, y1}};
-}
 
 // The library reads two points as a rectangle only where they are a fence's single polygon.
 void spell_out_rectangles(FencePolygons& polygons) {
@@ -28,12 +23,11 @@ void spell_out_rectangles(FencePolygons& polygons) {
     if (polygon.size() == 2) polygon = corners_of(polygon);
 }
 
-FencePolygons read_polygons(const Options& options) {
-  if (!options.fence.empty())
-    return {{{options.fence[0], options.fence[1]}, {options.fence[2], options.fence[3]}}};
-  const std::string name = find_fence_file(options.fence_file, options.explain);
+FencePolygons read_polygons(const std::string& name) {
+  const std::string content = read_file(name);
+  log_line(Topic::kRead, "fence %s: %zu bytes", name.c_str(), content.size());
   FencePolygons polygons;
-  if (const auto problem = parse_fence_file(read_file(name), polygons))
+  if (const auto problem = parse_fence_file(content, polygons))
     throw Problem(name + ": byte " + std::to_string(problem->offset) + ": " + problem->what);
   for (const PointRun& polygon : polygons)
     if (polygon.size() == 2 && (polygon[0].x == polygon[1].x || polygon[0].y == polygon[1].y))
@@ -77,11 +71,14 @@ bool every_edge_keeps_its_direction(const PointRun& before, const PointRun& afte
 }  // namespace
 
 FencePolygons fence_polygons(const Options& options) {
-  FencePolygons polygons = read_polygons(options);
-  return options.grow == 0.0 ? polygons : grow_fence(polygons, options.grow);
+  if (!options.fence.empty())
+    return {{{options.fence[0], options.fence[1]}, {options.fence[2], options.fence[3]}}};
+  return read_polygons(find_fence_file(options.fence_file, options.explain));
 }
 
 FencePolygons grow_fence(const FencePolygons& polygons, double distance) {
+  if (distance == 0.0) return polygons;
+  log_line(Topic::kFence, "growing it by %g", distance);
   FencePolygons sources = polygons;
   // A rectangle of two points keeps its result only where it comes last, and here it is alone; its corners
   // are put in order first, so that both fences list them alike.

@@ -19,11 +19,11 @@ namespace Corvane::Print::plotclip {
 // rectangle.
 using FencePolygons = std::vector<PointRun>;
 
-// The fence that the options ask for, grown as they ask. Throws a Problem.
+// The fence that the options ask for, before it is grown. Throws a Problem.
 FencePolygons fence_polygons(const Options& options);
 
-// Moves every edge outward by `distance`. Throws a Problem when an edge would shrink to nothing: what lies
-// behind such an edge is no fence any more.
+// Moves every edge outward by `distance`; 0 leaves the fence as it is. Throws a Problem when an edge would
+// shrink to nothing: what lies behind such an edge is no fence any more.
 FencePolygons grow_fence(const FencePolygons& polygons, double distance);
 
 struct ReleaseFence {

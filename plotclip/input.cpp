@@ -11,6 +11,7 @@
 
 #include "plotclip/files.h"
 #include "plotclip/hpgl_reader.h"
+#include "plotclip/log.h"
 #include "plotclip/problem.h"
 
 namespace Corvane::Print::plotclip {
@@ -23,6 +24,7 @@ bool is_plot_file(const std::string& name) {
 
 Drawing read_plot_file(const std::string& name) {
   const std::string content = read_file(name);
+  log_line(Topic::kRead, "drawing %s: a plot file of %zu bytes", name.c_str(), content.size());
   Drawing drawing;
   const Bytes bytes(reinterpret_cast<const unsigned char*>(content.data()), content.size());
   if (const auto problem = read_hpgl(bytes, drawing))
@@ -34,7 +36,10 @@ Drawing read_plot_file(const std::string& name) {
 
 Drawing read_drawing(const std::string& name) {
   if (!is_plot_file(name))
-    if (auto drawing = read_with_gdal(name)) return *std::move(drawing);
+    if (auto drawing = read_with_gdal(name)) {
+      log_line(Topic::kRead, "drawing %s: read by GDAL", name.c_str());
+      return *std::move(drawing);
+    }
   return read_plot_file(name);
 }
 

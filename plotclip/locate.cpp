@@ -14,6 +14,7 @@
 #include "corvane/print/cf.h"
 #include "corvane/print/fu.h"
 #include "plotclip/files.h"
+#include "plotclip/log.h"
 #include "plotclip/output.h"
 #include "plotclip/problem.h"
 #include "plotclip/wide_text.h"
@@ -48,9 +49,10 @@ void CORVANE_PRINT_CALL note_candidate(void* context, int step, const CPWChar* c
   static_cast<FenceSearch*>(context)->tried.push_back({words_for(step), narrow(candidate), found != 0});
 }
 
-void print_candidate(const Candidate& candidate) {
-  std::printf("%-11s  %-19s  %s\n", candidate.found ? "found" : "not there", candidate.step,
-              candidate.name.c_str());
+void tell_candidate(const Candidate& candidate, bool explain) {
+  const char* const found = candidate.found ? "found" : "not there";
+  if (explain) std::printf("%-11s  %-19s  %s\n", found, candidate.step, candidate.name.c_str());
+  log_line(Topic::kFence, "%s, %s: %s", found, candidate.step, candidate.name.c_str());
 }
 
 // What is no directory can be opened, a pipe among it; a directory must not hide the file of a search.
@@ -118,10 +120,10 @@ FenceSearch search_fence(const std::string& name) {
 
 std::string find_fence_file(const std::string& name, bool explain) {
   const Candidate path{"path", name, can_be_read(name)};
-  if (explain) print_candidate(path);
+  tell_candidate(path, explain);
   if (path.found) return name;
   const FenceSearch search = search_fence(name);
-  if (explain) std::ranges::for_each(search.tried, print_candidate);
+  for (const Candidate& candidate : search.tried) tell_candidate(candidate, explain);
   return search.found.empty() ? name : path_of_host(search.found).value_or(name);
 }
 

@@ -80,6 +80,10 @@ void declare(CLI::App& app, Options& o, RawOptions& raw) {
   app.add_flag("--ghost", o.ghost, "draw the whole drawing pale behind what is kept");
   app.add_option("--size", o.size, "longer side of a picture: pixels (.png) or points (.svg .pdf)")
       ->check(CLI::Range(16, 20000));
+  app.add_option("--debug-var", o.debug_variables,
+                 "variable that lists debug flags: read fence transform clip draw all; may be repeated")
+      ->expected(1)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
 
 void interpret(const RawOptions& raw, Options& o) {

@@ -29,6 +29,7 @@ struct Options {
   double rotate = 0.0;  // degrees, counter-clockwise
   std::vector<std::string> outputs;
   bool ghost = false;
+  std::vector<std::string> debug_variables;
   int size = 0;  // longer side of a picture, 0 for the format's usual size
 };
 

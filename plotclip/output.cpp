@@ -6,6 +6,7 @@
 
 #include "plotclip/files.h"
 #include "plotclip/hpgl_writer.h"
+#include "plotclip/log.h"
 #include "plotclip/picture.h"
 
 namespace Corvane::Print::plotclip {
@@ -24,10 +25,13 @@ bool is_output_format(const std::string& extension) {
 void write_output(const std::string& name, const Drawing& original, const Drawing& kept,
                   const FencePolygons& fence, const Options& options) {
   if (is_plot_format(extension_of(name))) {
-    write_file(name, write_hpgl(kept));
-    return;
+    const std::string content = write_hpgl(kept);
+    log_line(Topic::kDraw, "%s: a plot file of %zu bytes", name.c_str(), content.size());
+    write_file(name, content);
+  } else {
+    write_picture(name, {options.ghost ? &original : nullptr, &kept, &fence, options.size});
   }
-  write_picture(name, {options.ghost ? &original : nullptr, &kept, &fence, options.size});
+  log_line(Topic::kDraw, "%s: written", name.c_str());
 }
 
 }  // namespace Corvane::Print::plotclip

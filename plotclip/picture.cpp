@@ -9,11 +9,12 @@
 #include <cairo-svg.h>
 #include <cairo.h>
 
-#include <algorithm>
 #include <cmath>
 #include <memory>
 
+#include "plotclip/extent.h"
 #include "plotclip/files.h"
+#include "plotclip/log.h"
 #include "plotclip/painter.h"
 #include "plotclip/problem.h"
 
@@ -39,8 +40,7 @@ Extent extent_of(const Scene& scene) {
   Extent extent;
   extent.add(*scene.kept);
   if (scene.ghost != nullptr) extent.add(*scene.ghost);
-  for (const PointRun& polygon : *scene.fence)
-    for (const Point& p : polygon) extent.add(p);
+  extent.add(*scene.fence);
   return extent;
 }
 
@@ -50,10 +50,10 @@ PageFrame frame_of(const Extent& extent, double size) {
   const double margin = size * kMargin;
   const double side = extent.longer_side();
   frame.scale = side > 0.0 ? (size - 2.0 * margin) / side : 1.0;
-  frame.width = std::ceil((extent.xmax - extent.xmin) * frame.scale + 2.0 * margin);
-  frame.height = std::ceil((extent.ymax - extent.ymin) * frame.scale + 2.0 * margin);
-  frame.left = margin - extent.xmin * frame.scale;
-  frame.top = frame.height - margin + extent.ymin * frame.scale;
+  frame.width = std::ceil(extent.width() * frame.scale + 2.0 * margin);
+  frame.height = std::ceil(extent.height() * frame.scale + 2.0 * margin);
+  frame.left = margin - extent.left() * frame.scale;
+  frame.top = frame.height - margin + extent.bottom() * frame.scale;
   frame.unit = size / 1600.0;
   return frame;
 }
@@ -93,7 +93,10 @@ bool is_picture_format(const std::string& extension) {
 void write_picture(const std::string& name, const Scene& scene) {
   const bool png = extension_of(name) == "png";
   const double size = scene.size != 0 ? scene.size : png ? kPngSize : kVectorSize;
-  const PageFrame frame = frame_of(extent_of(scene), size);
+  const Extent extent = extent_of(scene);
+  const PageFrame frame = frame_of(extent, size);
+  log_line(Topic::kDraw, "%s: a page of %g by %g for %g,%g to %g,%g", name.c_str(), frame.width, frame.height,
+           extent.left(), extent.bottom(), extent.right(), extent.top());
   const Surface surface = surface_for(name, frame);
   check(name, cairo_surface_status(surface.get()));
   const Context context(cairo_create(surface.get()));

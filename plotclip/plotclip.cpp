@@ -13,35 +13,16 @@
 #include "plotclip/clip.h"
 #include "plotclip/input.h"
 #include "plotclip/locate.h"
+#include "plotclip/log.h"
 #include "plotclip/name.h"
 #include "plotclip/options.h"
 #include "plotclip/output.h"
 #include "plotclip/problem.h"
+#include "plotclip/summary.h"
 #include "plotclip/transform.h"
 
 namespace Corvane::Print::plotclip {
 namespace {
-
-void print_input(const Options& options, const Drawing& drawing, const Figures& in) {
-  std::printf("drawing      %s: %zu lines, %zu polygons, %zu points\n", options.drawing.c_str(), in.lines,
-              in.polygons, in.points);
-  std::printf("passed over  %zu labels, %zu unknown\n", drawing.labels, drawing.unknown);
-}
-
-void print_fence(const Options& options, const FencePolygons& fence) {
-  std::size_t points = 0;
-  for (const PointRun& polygon : fence) points += polygon.size() == 2 ? 4 : polygon.size();
-  std::printf("fence        %zu %s, %zu points, keeping the %s\n", fence.size(),
-              fence.size() == 1 ? "polygon" : "polygons", points, options.outside ? "outside" : "inside");
-}
-
-void print_result(const Figures& in, const Figures& out, double seconds) {
-  std::printf("pieces       %zu in, %zu out\n", in.lines + in.polygons, out.lines + out.polygons);
-  std::printf("points       %zu in, %zu out\n", in.points, out.points);
-  std::printf("length kept  %.6f of %.6f\n", out.length, in.length);
-  std::printf("area kept    %.6f of %.6f\n", out.area, in.area);
-  std::printf("time         %.3f s\n", seconds);
-}
 
 ClipResult timed_clip(const Drawing& drawing, const FencePolygons& fence, const Options& options,
                       double& seconds) {
@@ -52,15 +33,17 @@ ClipResult timed_clip(const Drawing& drawing, const FencePolygons& fence, const 
 }
 
 void run(const Options& options) {
-  const FencePolygons fence = fence_polygons(options);
+  add_debug_variables(options.debug_variables);
+  const FencePolygons listed = fence_polygons(options);
+  const FencePolygons fence = grow_fence(listed, options.grow);
   Drawing drawing = read_drawing(options.drawing);
   transform(drawing, options);
   const Figures in = measure(drawing);
-  print_input(options, drawing, in);
-  print_fence(options, fence);
+  tell_input(options, drawing, in);
+  tell_fence(options, listed, fence);
   double seconds = 0.0;
   const ClipResult result = timed_clip(drawing, fence, options, seconds);
-  print_result(in, measure(result.kept), seconds);
+  tell_result(in, measure(result.kept), seconds);
   for (const std::string& output : options.outputs) {
     const std::string name = resolve_output_name(output);
     write_output(name, drawing, result.kept, fence, options);
@@ -74,6 +57,7 @@ void run(const Options& options) {
 int tell(const char* line, int code) {
   std::fflush(stdout);
   std::fprintf(stderr, "plotclip: %s\n", line);
+  log_error(line);
   return code;
 }
 
