@@ -9,10 +9,13 @@
 #include "corvane/print/export.h"
 #include "debug/load.h"
 
+#include <atomic>
+
 namespace Corvane::Print::debug {
 namespace {
 
 constinit LoadState g_debug_library;
+constinit std::atomic<KVLStatus>& g_Status = g_debug_library.status;
 
 using PrintF = int(CORVANE_PRINT_CALL*)(const char* format, std::uint32_t code, int pause, va_list arguments);
 using MemDump = int(CORVANE_PRINT_CALL*)(void* address, unsigned count);
@@ -26,8 +29,7 @@ using ListBox = int(CORVANE_PRINT_CALL*)(char* title, int count, char** items);
 // Null where it is not there.
 template <class Function>
 Function entry_point(EntryPoint which) {
-  if (g_debug_library.status.load(std::memory_order_acquire) == kNotTried)
-    initialize(g_debug_library, kLoadSystem);
+  if (g_Status.load(std::memory_order_acquire) == kNotTried) initialize(g_debug_library, kLoadSystem);
   return reinterpret_cast<Function>(g_debug_library.entry_point(which));
 }
 
