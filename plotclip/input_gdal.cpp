@@ -43,8 +43,9 @@ public:
     GDALAllRegister();
     CPLSetErrorHandler(CPLQuietErrorHandler);
     CPLErrorReset();
-    const Dataset dataset(
-        GDALOpenEx(name_.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY, nullptr, nullptr, nullptr));
+    // Verbose: a missing file is then told from one of no known format.
+    constexpr unsigned kFlags = GDAL_OF_VECTOR | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR;
+    const Dataset dataset(GDALOpenEx(name_.c_str(), kFlags, nullptr, nullptr, nullptr));
     if (!dataset) fail(CPLGetLastErrorMsg());
     const int layers = GDALDatasetGetLayerCount(dataset.get());
     for (int i = 0; i < layers; ++i) read_layer(GDALDatasetGetLayer(dataset.get(), i));
