@@ -65,6 +65,11 @@ bool host_file_exists(const CPWChar* spec) noexcept;
 // character that the code page lacks stands for the one that the system puts in its place.
 bool host_file_is_regular(const CPWChar* spec) noexcept;
 
+// The name by which the system knows the file, as wide text with a terminator: the specification itself on
+// Windows. Returns its length; 0, and an empty text, when the specification names nothing or there is no room.
+//   out       room for `capacity` characters, at least 1
+int host_file_name(const CPWChar* spec, CPWChar* out, int capacity) noexcept;
+
 // The names in a directory, one after the other: in ascending order of their bytes, or as the system delivers
 // them on Windows. Names that no specification can name (with a \ in them, or not in UTF-8) are left out.
 // Several scans may be open at once. An open scan is closed by its end or its destruction.

@@ -93,6 +93,13 @@ bool host_file_is_regular(const CPWChar* spec) noexcept {
   return host_name(spec, name) && stat(name, &status) == 0 && S_ISREG(status.st_mode);
 }
 
+int host_file_name(const CPWChar* spec, CPWChar* out, int capacity) noexcept {
+  char name[kHostNameCapacity];
+  const int units = host_name(spec, name) ? wide_from_narrow(name, kToTerminator, out, capacity) : 0;
+  if (units == 0) out[0] = 0;
+  return units != 0 ? units - 1 : 0;
+}
+
 DirectoryScan::Opened DirectoryScan::open(const CPWChar* spec) noexcept {
   close();
   char name[kHostNameCapacity];

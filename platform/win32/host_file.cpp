@@ -38,13 +38,21 @@ bool host_file_exists(const CPWChar* spec) noexcept {
 }
 
 // KEEP(search-narrow-names): the file is looked for by its narrow name, in which the system puts similar
-// characters for those that the code page lacks. Looks wrong; hosts open what was found by its narrow name, and
-// what they cannot open is not found. Pinned by HostFileNarrow.ARegularFileIsLookedForByItsNarrowName.
+// characters for those that the code page lacks. Looks wrong; hosts open what was found by its narrow name,
+// and what they cannot open is not found. Pinned by HostFileNarrow.ARegularFileIsLookedForByItsNarrowName.
 bool host_file_is_regular(const CPWChar* spec) noexcept {
   char narrow[kNarrowCapacity];
   if (narrow_from_wide(spec, kToTerminator, narrow, kNarrowCapacity) == 0) return false;
   struct __stat64 status;
   return _access(narrow, 0) == 0 && _stat64(narrow, &status) == 0 && (status.st_mode & S_IFREG) != 0;
+}
+
+int host_file_name(const CPWChar* spec, CPWChar* out, int capacity) noexcept {
+  const size_t length = wcslen(spec);
+  const bool fits = length < static_cast<size_t>(capacity);
+  wmemcpy(out, spec, fits ? length : 0);
+  out[fits ? length : 0] = L'\0';
+  return fits ? static_cast<int>(length) : 0;
 }
 
 DirectoryScan::Opened DirectoryScan::open(const CPWChar* spec) noexcept {

@@ -13,6 +13,7 @@
 namespace {
 
 std::atomic<long> g_calls = 0;
+std::atomic<long> g_successes = -1;  // negative: no end to them
 
 }  // namespace
 
@@ -22,12 +23,18 @@ long operator_new_calls() {
   return g_calls;
 }
 
+void operator_new_fail_after(long successes) {
+  g_successes = successes;
+}
+
 }  // namespace Corvane::Print::tests
 
 namespace {
 
 void* counted(std::size_t bytes) noexcept {
   ++g_calls;
+  if (g_successes == 0) return nullptr;
+  if (g_successes > 0) --g_successes;
   return std::malloc(bytes != 0 ? bytes : 1);
 }
 

@@ -13,6 +13,10 @@ namespace Corvane::Print::tests {
 // How often operator new was called since the program's start, by any thread.
 long operator_new_calls();
 
+// Lets `successes` more calls of operator new succeed and all later ones fail; a negative number lets all
+// succeed. For one thread.
+void operator_new_fail_after(long successes);
+
 // Counts from its construction on. Only one at a time.
 class HeapWatch {
 public:
