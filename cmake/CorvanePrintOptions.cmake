@@ -4,6 +4,7 @@
 # What a build may switch on and off. A project that includes this one gets the library alone.
 option(CORVANE_PRINT_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
 option(CORVANE_PRINT_BUILD_TOOLS "Build plotclip" ${PROJECT_IS_TOP_LEVEL})
+option(CORVANE_PRINT_BUILD_MANAGED "Build the managed layer, where Mono is found" ${PROJECT_IS_TOP_LEVEL})
 option(CORVANE_PRINT_BUILD_FUZZERS "Build the libFuzzer targets (clang only)" OFF)
 option(CORVANE_PRINT_REQUIRE_ALL "Missing tools of the tests are an error instead of leaving tests out" OFF)
 option(CORVANE_PRINT_WARNINGS_AS_ERRORS "Treat warnings as errors" ${PROJECT_IS_TOP_LEVEL})
