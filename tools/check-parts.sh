@@ -171,11 +171,28 @@ part_fuzz() {
   wait
 }
 
+# wait_for_builds PART TARGET...: what the parts TARGET build, which come before PART; built here when they are
+# not among the chosen ones.
+wait_for_builds() {
+  local part=$1 target
+  shift
+  for target in "$@"; do
+    case " $chosen " in
+      *" $target "*) until [ -f "$results/$target.done" ]; do sleep 1; done ;;
+      *) step "$part" "build $target" configure_and_build "$target" || return 1 ;;
+    esac
+  done
+}
+
+part_managed() {
+  wait_for_builds managed linux-x64 win32 win64 || return
+  program managed corvane_managed_tests "$root/tools/run-managed-tests" "$build/linux-x64" \
+    "$build/win32/corvane_print.dll"
+  step managed package "$root/tests/managed/package" "$build/linux-x64" "$build/win32" "$build/win64"
+}
+
 part_valgrind() {
-  case " $chosen " in
-    *" linux-x64 "*) until [ -f "$results/linux-x64.done" ]; do sleep 1; done ;;
-    *) step valgrind build configure_and_build linux-x64 || return ;;
-  esac
+  wait_for_builds valgrind linux-x64 || return
   export CORVANE_TEST_SCALE=0.01
   local name
   # A program with a sanitizer of its own runs by itself alone, in part linux-x64.
