@@ -14,8 +14,9 @@ namespace Corvane::Print::tests {
 long operator_new_calls();
 
 // Lets `successes` more calls of operator new succeed and all later ones fail; a negative number lets all
-// succeed. For one thread.
-void operator_new_fail_after(long successes);
+// succeed. For one thread. False, and nothing fails, where a checker has put its own operator new in the
+// place of ours.
+bool operator_new_fail_after(long successes);
 
 // Counts from its construction on. Only one at a time.
 class HeapWatch {

@@ -93,7 +93,7 @@ TEST(NativeFileSpec, AnAssignmentWithoutMemoryChangesNothing) {
   from.monikerString = long_text(U'm');
   for (long successes = 0; successes < 3; ++successes) {
     NativeFileSpec to = full_spec();
-    operator_new_fail_after(successes);
+    if (!operator_new_fail_after(successes)) return;
     bool thrown = false;
     try {
       to = from;
@@ -159,7 +159,7 @@ TEST(NativeFileSpecFields, ATextWithoutMemoryStaysAsItWas) {
   const Spec spec(NativeFileSpec_create());
   *spec = full_spec();
   const WideText text = long_text(U'x');
-  operator_new_fail_after(0);
+  if (!operator_new_fail_after(0)) return;
   const int status = set_text(spec, NATIVEFILESPEC_HFS, text);
   operator_new_fail_after(-1);
   EXPECT_EQ(status, NATIVEFILESPEC_NO_MEMORY);
