@@ -2,12 +2,10 @@
 // Copyright (c) 2026 The Corvane Print authors
 //
 // The DB exports that print wide text: format it, turn it into narrow text, hand that on as a format.
-#include <cstddef>
-#include <memory>
-
+#include "config/codepage.h"
 #include "corvane/print/db.h"
 #include "debug/router.h"
-#include "platform/capi_memory.h"
+#include "platform/capi_block.h"
 #include "platform/platform.h"
 
 namespace Corvane::Print {
@@ -15,25 +13,14 @@ namespace {
 
 constexpr int kRoom = 4096;  // characters
 
-struct ReleaseBlock {
-  void operator()(char* block) const noexcept { platform::capi_free(block); }
-};
-using NarrowBlock = std::unique_ptr<char, ReleaseBlock>;
+using NarrowBlock = platform::CapiBlock<char>;
 
-// Null when memory ran out.
-NarrowBlock narrowed(const CPWChar* text) {
-  const int bytes = platform::narrow_from_wide(text, platform::kToTerminator, nullptr, 0);
-  NarrowBlock block(static_cast<char*>(platform::capi_alloc(static_cast<std::size_t>(bytes) + 2)));
-  if (block) platform::narrow_from_wide(text, platform::kToTerminator, block.get(), bytes);
-  return block;
-}
-
-// The text of the message, cut behind its kRoom-th character. A formatting that was cut, or that failed,
-// leaves no terminator; the zeros do.
+// The text of the message, cut behind its kRoom-th character; null when memory ran out. A formatting that was
+// cut, or that failed, leaves no terminator; the zeros do.
 NarrowBlock formatted(const CPWChar* format, va_list arguments) {
   CPWChar text[kRoom + 1] = {};
   if (format != nullptr) platform::format_wide(text, kRoom, format, arguments);
-  return narrowed(text);
+  return NarrowBlock(config::narrowed_block(text));
 }
 
 // KEEP(db-wide-twice): the text is complete, and yet it is handed on as a format, with the same arguments.

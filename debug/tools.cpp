@@ -4,19 +4,15 @@
 // The DB exports that do not print: questions, dumps, boxes.
 #include <cstddef>
 #include <cstring>
-#include <memory>
 
 #include "corvane/print/db.h"
 #include "debug/router.h"
-#include "platform/capi_memory.h"
+#include "platform/capi_block.h"
 
 namespace Corvane::Print {
 namespace {
 
-struct ReleaseItems {
-  void operator()(char** items) const noexcept { platform::capi_free(items); }
-};
-using Items = std::unique_ptr<char*, ReleaseItems>;
+using Items = platform::CapiBlock<char*>;
 
 // The arguments as an array, which no target but 32-bit Windows has them in. A count without items still has
 // an address. Null when memory ran out.

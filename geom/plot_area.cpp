@@ -4,14 +4,13 @@
 // The checks of a plot area's outline, on coordinates rounded to whole units, and its longest side.
 #include "corvane/print/cf.h"
 #include "corvane/print/geom.h"
-#include "platform/capi_memory.h"
+#include "platform/capi_block.h"
 
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <limits>
-#include <memory>
 
 namespace Corvane::Print {
 namespace {
@@ -116,14 +115,10 @@ int longest_side(const double* points, int n) {
   return best;
 }
 
-struct CapiFree {
-  void operator()(double* block) const { platform::capi_free(block); }
-};
-
 // Null when memory ran out.
-std::unique_ptr<double, CapiFree> in_space(const double* pts, int n) {
+platform::CapiBlock<double> in_space(const double* pts, int n) {
   const auto count = static_cast<std::size_t>(n);
-  std::unique_ptr<double, CapiFree> points(
+  platform::CapiBlock<double> points(
       static_cast<double*>(platform::capi_alloc_array(count, 3 * sizeof(double))));
   for (std::size_t i = 0; points && i < count; ++i) {
     points.get()[3 * i] = pts[2 * i];
@@ -162,7 +157,7 @@ int GEOMCheckRectangularPlotArea(int dim, int n, double* pts) {
 int GEOMShapeFindLongestSide(int dim, int n, double* pts, double* side) {
   if ((dim != 2 && dim != 3) || pts == nullptr || side == nullptr) return 1;
   if (GEOMPointsEqual(dim, n, pts) == 1 || GEOMPointsColinear(dim, n, pts) == 1) return 1;
-  std::unique_ptr<double, CapiFree> copy;
+  platform::CapiBlock<double> copy;
   if (dim == 2 && !(copy = in_space(pts, n))) return 1;
   const int start = longest_side(dim == 2 ? copy.get() : pts, n);
   const double* const from = pts + static_cast<std::ptrdiff_t>(start) * dim;

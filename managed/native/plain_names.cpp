@@ -9,12 +9,11 @@
 #include "managed/native/plain_names.h"
 
 #include <exception>
-#include <memory>
 
 #include "config/codepage.h"
 #include "corvane/print/db.h"
 #include "corvane/print/dbgtools.h"
-#include "platform/capi_memory.h"
+#include "platform/capi_block.h"
 #include "platform/platform.h"
 
 namespace {
@@ -28,10 +27,7 @@ int send(WideMessage message, const CPWChar* text) {
   return message(text, z, z, z, z, z, z, z, z, z, z, z, z, z, z, z, z);
 }
 
-struct ReleaseBlock {
-  void operator()(char* block) const noexcept { print::platform::capi_free(block); }
-};
-using Narrow = std::unique_ptr<char, ReleaseBlock>;
+using Narrow = print::platform::CapiBlock<char>;
 
 }  // namespace
 

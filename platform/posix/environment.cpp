@@ -5,18 +5,14 @@
 // lies, in one pass, so a variable that is replaced meanwhile costs nothing but a stale answer.
 #include <cstdlib>
 #include <cstring>
-#include <memory>
 
-#include "platform/capi_memory.h"
+#include "platform/capi_block.h"
 #include "platform/platform.h"
 
 namespace Corvane::Print::platform {
 namespace {
 
-struct ReleaseBlock {
-  void operator()(char* block) const noexcept { capi_free(block); }
-};
-using NarrowBlock = std::unique_ptr<char, ReleaseBlock>;
+using NarrowBlock = CapiBlock<char>;
 
 NarrowBlock narrow_name(const CPWChar* name) noexcept {
   const int bytes = narrow_from_wide(name, kToTerminator, nullptr, 0);

@@ -94,8 +94,8 @@ endif()
 if(NOT WIN32 AND NOT CORVANE_PRINT_SANITIZE)
   set(root ${PROJECT_SOURCE_DIR})
   corvane_print_debug_program(corvane_debug_tsan_tests complete threads_test.cpp
-    ${root}/debug/load.cpp ${root}/debug/message.cpp ${root}/debug/message_wide.cpp ${root}/debug/router.cpp
-    ${root}/debug/tools.cpp ${root}/platform/capi_memory.cpp ${root}/platform/posix/code_page.cpp
+    ${root}/config/codepage.cpp ${root}/debug/load.cpp ${root}/debug/message.cpp ${root}/debug/message_wide.cpp
+    ${root}/debug/router.cpp ${root}/debug/tools.cpp ${root}/platform/capi_memory.cpp ${root}/platform/posix/code_page.cpp
     ${root}/platform/posix/guarded_call.cpp ${root}/platform/posix/named_lock.cpp
     ${root}/platform/posix/shared_library.cpp ${root}/platform/posix/wide_conversion.cpp
     ${root}/platform/posix/wide_format.cpp)
