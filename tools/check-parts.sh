@@ -84,7 +84,8 @@ part_linux_x64() {
   step linux-x64 build configure_and_build linux-x64 || return
   step linux-x64 headers build_headers linux-x64
   step linux-x64 exports "$root/tools/check-exports" linux-x64 "$build/linux-x64/libcorvane_print.so"
-  step linux-x64 installation "$root/tests/install/run" "$build/linux-x64"
+  step linux-x64 installation "$root/tests/install/run" linux-x64 "$build/linux-x64"
+  step linux-x64 packages "$root/tests/install/packages" linux-x64 "$build/linux-x64"
   local name
   for name in $(test_programs linux-x64 "corvane_tests corvane_host_tests corvane_geos_tests plotclip_tests"); do
     program linux-x64 "$name" $(fixed_addresses "$name") "$build/linux-x64/$name"
@@ -124,6 +125,8 @@ part_windows() {
     done
     return
   fi
+  step "$target" installation "$root/tests/install/run" "$target" "$build/$target"
+  step "$target" packages "$root/tests/install/packages" "$target" "$build/$target"
   for name in $(test_programs "$target" "corvane_tests corvane_host_tests"); do
     program "$target" "$name" env $(environment_of "$target" "$name") \
       "$root/tools/run-$target" "$build/$target/$name.exe"
