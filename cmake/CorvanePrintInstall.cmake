@@ -5,7 +5,7 @@
 #
 #   library      the shared library
 #   development  headers, import libraries, the package CorvanePrint for find_package, corvane-print.pc for
-#                pkg-config, documentation and the example
+#                pkg-config, documentation and the examples
 #   debug        the library's debug information
 #   tools        plotclip
 #   managed      the managed layer, see managed/CMakeLists.txt
@@ -59,7 +59,7 @@ install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development
 # The reference as web pages, where it was built.
 install(DIRECTORY ${CMAKE_BINARY_DIR}/docs/html DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development
         OPTIONAL)
-install(DIRECTORY examples/consumer DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT development)
+install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
 
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/CorvanePrint)
 install(EXPORT CorvanePrintTargets NAMESPACE Corvane:: DESTINATION ${package_folder} COMPONENT development)
