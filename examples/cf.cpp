@@ -13,7 +13,9 @@ using namespace Corvane::Print;
 using Text = std::basic_string<CPWChar>;
 
 // A text of plain ASCII in wide characters.
-static Text wide(const char* text) { return Text(text, text + std::strlen(text)); }
+static Text wide(const char* text) {
+  return Text(text, text + std::strlen(text));
+}
 
 static const std::map<Text, Text> table = {{wide("PLOTS"), wide("C:\\plots;D:\\archive")},
                                            {wide("PLOT_DEBUG"), wide("clip, fences")}};

@@ -13,8 +13,8 @@
 static double road[] = {100, 1500, 1500, 900, 2500, 2600, 4600, 2300, 5600, 300};
 static double house[] = {1300, 1600, 3300, 1600, 3300, 2400, 2200, 2400, 2200, 3200, 1300, 3200};
 static double corners[] = {700, 700, 2800, 2800};
-static double site[] = {700, 600, 2900, 600, 2900, 2800, 700, 2000,  /* four points */
-                        3600, 1200, 5200, 700, 4800, 3000};          /* and three */
+static double site[] = {700,  600,  2900, 600, 2900, 2800, 700, 2000, /* four points */
+                        3600, 1200, 5200, 700, 4800, 3000};           /* and three */
 
 /* CLclipLine or CLclipPolygon: they take the same arguments. */
 typedef int(CORVANE_PRINT_CALL* Clip)(CLFenceHandle, int, int, const double*, int*, int*, double*, int*);

@@ -17,7 +17,8 @@ static void show(const char* what, int count, const double* points) {
 
 int main(int argc, char** argv) {
   /* The first point again at the end: a closed ring, whose direction is judged with all its edges. */
-  double outline[] = {1000, 800, 4200, 800, 4200, 1900, 2600, 1900, 2600, 3000, 1800, 3600, 1000, 3000, 1000, 800};
+  double outline[] = {1000, 800,  4200, 800,  4200, 1900, 2600, 1900,
+                      2600, 3000, 1800, 3600, 1000, 3000, 1000, 800};
   double corners[] = {1400, 1100, 2200, 1500};
   double wider[16], narrower[16], larger[4];
   int eight = 8, two = 2;

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The Corvane Print authors
 //
-// Encloses points in rectangles, intersects the rectangles, and asks which outlines are rectangular plot areas.
+// Encloses points in rectangles, intersects the rectangles, and asks which outlines are rectangular plot
+// areas.
 #include "corvane/print/geom.h"
 
 #include <cstdio>

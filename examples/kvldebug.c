@@ -1,8 +1,8 @@
 /* SPDX-License-Identifier: MIT
  * Copyright (c) 2026 The Corvane Print authors
  *
- * A small debug library: writes what it is told to the standard output, and asks nothing. On Windows the version
- * is string resource 10000 of kvldebug.rc, elsewhere the text below. */
+ * A small debug library: writes what it is told to the standard output, and asks nothing. On Windows the
+ * version is string resource 10000 of kvldebug.rc, elsewhere the text below. */
 #include <stdarg.h>
 #include <stdio.h>
 
@@ -15,12 +15,18 @@ EXPORT const char kvldebug_version[] = "6";
 
 static const char* kind_of(unsigned code) {
   switch (code) {
-    case 0x01000000: return "message";
-    case 0x02000000: return "error";
-    case 0x03000000: return "highlighted";
-    case 0x05000000: return "waits for the user";
-    case 0x06000000: return "attention";
-    default: return "coloured";
+    case 0x01000000:
+      return "message";
+    case 0x02000000:
+      return "error";
+    case 0x03000000:
+      return "highlighted";
+    case 0x05000000:
+      return "waits for the user";
+    case 0x06000000:
+      return "attention";
+    default:
+      return "coloured";
   }
 }
 
@@ -61,9 +67,13 @@ EXPORT int dllGetSW(unsigned short* text, unsigned short* buffer) {
 }
 
 /* Never called; without it the application and lists would not be told of. */
-EXPORT int dllSetDest(void) { return 0; }
+EXPORT int dllSetDest(void) {
+  return 0;
+}
 
-EXPORT int dllInitApp(char* name) { return printf("[application] %s\n", name); }
+EXPORT int dllInitApp(char* name) {
+  return printf("[application] %s\n", name);
+}
 
 EXPORT int dllListBox(char* title, int count, char** items) {
   int i;

@@ -31,7 +31,8 @@ int main() {
   show("the copy:    ", copy.GetHfsOrUfs().c_str());
 
   NativeFileSpec* plain = NativeFileSpec_create();
-  if (plain == nullptr || NativeFileSpec_setText(plain, NATIVEFILESPEC_UFS, given, 8) != NATIVEFILESPEC_OK) return 1;
+  if (plain == nullptr || NativeFileSpec_setText(plain, NATIVEFILESPEC_UFS, given, 8) != NATIVEFILESPEC_OK)
+    return 1;
   int length = 0;
   show("by function: ", NativeFileSpec_text(plain, NATIVEFILESPEC_UFS, &length));
   std::printf("length:      %d\n", length);

@@ -23,7 +23,9 @@ static int CORVANE_PRINT_CALL is_of_colour(void* pen, void* colour) {
   return static_cast<Pen*>(pen)->colour[0] == *static_cast<char*>(colour);
 }
 
-static void show(const Pen& pen) { std::printf("pen %d: %.2f mm, %s\n", pen.number, pen.width, pen.colour); }
+static void show(const Pen& pen) {
+  std::printf("pen %d: %.2f mm, %s\n", pen.number, pen.width, pen.colour);
+}
 
 int main() {
   void* pens = OLCreate();
@@ -43,7 +45,8 @@ int main() {
   std::printf("red ones\n");
   char red = 'r';
   int index = 0;
-  for (; OLItemGetByFilter(pens, is_of_colour, &red, &index, &item) == OL_OK; ++index) show(*static_cast<Pen*>(item));
+  for (; OLItemGetByFilter(pens, is_of_colour, &red, &index, &item) == OL_OK; ++index)
+    show(*static_cast<Pen*>(item));
 
   OLClear(pens);
   std::printf("cleared: %d, cleared again: %d\n", OLGetNumItems(pens, &count), OLClear(pens));

@@ -15,7 +15,8 @@ static void match(const char* name, const char* pattern) {
 }
 
 int main() {
-  std::printf("plan and PLAN: %d, plan and PLAZA: %d\n", STRCompareCI("plan", "PLAN"), STRCompareCI("plan", "PLAZA"));
+  std::printf("plan and PLAN: %d, plan and PLAZA: %d\n", STRCompareCI("plan", "PLAN"),
+              STRCompareCI("plan", "PLAZA"));
 
   match("A1-plan.PLT", "A?-*.PLT");
   match("A1-plan.PLT", "a?-*.plt");

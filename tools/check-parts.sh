@@ -74,6 +74,7 @@ run_part() {
 part_repository() {
   step repository layers "$root/tools/check-layers"
   step repository oddities "$root/tools/check-keep"
+  step repository pages "$root/tools/make-docs" --check
 }
 
 # What a program with the thread sanitizer is run through: some systems spread addresses over more room than the
@@ -87,6 +88,8 @@ part_linux_x64() {
   step linux-x64 headers build_headers linux-x64
   step linux-x64 exports "$root/tools/check-exports" linux-x64 "$build/linux-x64/libcorvane_print.so"
   step linux-x64 installation "$root/tests/install/run" "$build/linux-x64"
+  step linux-x64 reference cmake --build "$build/linux-x64" --target corvane_print_docs
+  step linux-x64 pictures "$root/tools/make-pictures" --check "$build/linux-x64"
   local name
   for name in $(test_programs linux-x64 "$everywhere corvane_geos_tests plotclip_tests"); do
     program linux-x64 "$name" $(fixed_addresses "$name") "$build/linux-x64/$name"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The Corvane Print authors
 //
-// Every example runs to its end and prints what its page shows. The debug library of example_db lies in a folder
-// that programs find by the variable of the system's search; the other examples do not care.
+// Every example runs to its end and prints what its page shows. The debug library of example_db lies in a
+// folder that programs find by the variable of the system's search; the other examples do not care.
 #include <gtest/gtest.h>
 
 #include <cstdio>
