@@ -7,6 +7,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -80,6 +81,7 @@ std::string expected_of(const std::string& name) {
 class Examples : public testing::TestWithParam<std::string> {
 protected:
   static void SetUpTestSuite() {
+    std::filesystem::current_path(EXAMPLE_FOLDER);
 #ifdef _WIN32
     add_search_folder("PATH", ";", EXAMPLE_DEBUG_LIBRARY);
 #else
