@@ -31,7 +31,8 @@ namespace Corvane {
 namespace Print {
 
 /** The host's lookup.
- *   \param name      the variable's name, zero-terminated, never null; the library's, valid during the call
+ *   \param name      the variable's name, zero-terminated, never null; the library's, valid during the
+ *                    call
  *   \param buffer    room for the value and its terminator; the library's
  *   \param capacity  the room in BYTES
  * \return the number of BYTES that the value needs with its 16-bit terminator (2n + 2 for n characters), and

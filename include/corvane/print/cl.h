@@ -75,13 +75,13 @@ typedef struct CLclpMemType {
 } CLclpMemType;
 
 /** Builds a fence with reference count 1.
- *   \param fence      out: the handle; untouched on failure
- *   \param dim        2 or 3
- *   \param numPolys   polygons, at least 1; they should not overlap one another
- *   \param counts     numPolys counts of points, each at least 1; rewritten in one case, see below
- *   \param points     dim doubles per point, the polygons one after the other; finite
- *   \param zLow,zHigh depth range, zLow <= zHigh; may be infinite
- *   \param mode       CL_KEEP_OUTSIDE or CL_KEEP_INSIDE
+ *   \param fence       out: the handle; untouched on failure
+ *   \param dim         2 or 3
+ *   \param numPolys    polygons, at least 1; they should not overlap one another
+ *   \param counts      numPolys counts of points, each at least 1; rewritten in one case, see below
+ *   \param points      dim doubles per point, the polygons one after the other; finite
+ *   \param zLow,zHigh  depth range, zLow <= zHigh; may be infinite
+ *   \param mode        CL_KEEP_OUTSIDE or CL_KEEP_INSIDE
  * \return CL_OK or CL_BAD_ARGUMENT (also when memory ran out).
  *
  * One polygon of two points stands for the axis-parallel rectangle with these corners.
@@ -122,7 +122,8 @@ CORVANE_PRINT_API int CORVANE_PRINT_CALL CLreallocClpMem(CLclpMemType* mem);
  * mode 1 and clockwise in mode 2, each closed by its first point.
  *   \param fence      the fence
  *   \param numPolys   in: entries of counts; out: polygons written
- *   \param counts     out: points of each polygon, the closing one included; may be null when *numPolys is 0
+ *   \param counts     out: points of each polygon, the closing one included; may be null when *numPolys
+ *                     is 0
  *   \param points     out: as many doubles per point as the fence has dimensions; may be null when
  *                     *numPoints is 0
  *   \param numPoints  in: points of room; out: points written
@@ -176,8 +177,8 @@ CORVANE_PRINT_API int CORVANE_PRINT_CALL CLclipPolygon(CLFenceHandle fence, int 
 
 /** Intersects two fences into a new one, independent of both, with the subject's mode and dimension.
  *   \param clip,subject  the fences; clip is used in its own mode
- *   \param result         out: the new handle. Null after CL_EMPTY, except that it is untouched when two
- *                  3-D fences have no depth in common; untouched after any other failure
+ *   \param result        out: the new handle. Null after CL_EMPTY, except that it is untouched when two
+ *                        3-D fences have no depth in common; untouched after any other failure
  * \return CL_OK, CL_BAD_ARGUMENT, CL_NO_MEMORY, CL_EMPTY or CL_INCONSISTENT.
  *
  * Oddity, kept: the polygons of a 3-D subject after its first are read two doubles per point further on, not
@@ -190,12 +191,12 @@ CORVANE_PRINT_API int CORVANE_PRINT_CALL CLclipFences(CLFenceHandle clip, CLFenc
  *   \param dim       doubles per point, 2 or 3; z is copied
  *   \param nPolys    entries; below 1 nothing is done
  *   \param counts    points of each entry. 2 points are opposite corners of an axis-parallel rectangle;
- *             any other number is a ring, open or closed (last point equal to the first); below 1 there is
- *             no point
+ *                    any other number is a ring, open or closed (last point equal to the first); below 1
+ *                    there is no point
  *   \param pts       the entries' points, one after the other; may be null when no entry has points
  *   \param distance  in the points' unit
  *   \param out       room for as many points as pts has; may be pts itself, but must not overlap it
- *             otherwise; may be null when no entry has points
+ *                    otherwise; may be null when no entry has points
  * \return CL_OK; CL_NO_MEMORY, only with an entry of more than 254 points and with nothing written; or
  * CL_BAD_ARGUMENT for another dim, for null, or for more points than the address space can hold.
  *

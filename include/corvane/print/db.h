@@ -70,13 +70,13 @@ CORVANE_PRINT_API int DBATT(const char* format, ...);
 CORVANE_PRINT_API int DBHMSG(const char* format, ...);
 
 /** A message of any kind.
- *   \param code      the kind, see above; its low 32 bits
- *   \param format    the text */
+ *   \param code    the kind, see above; its low 32 bits
+ *   \param format  the text */
 CORVANE_PRINT_API int DBCMSG(unsigned long code, char* format, ...);
 
 /** A message in grey.
- *   \param level     0 black to 255 white; more is white
- *   \param format    the text */
+ *   \param level   0 black to 255 white; more is white
+ *   \param format  the text */
 CORVANE_PRINT_API int DBBMSG(unsigned long level, char* format, ...);
 
 /** A message that waits for the user: the only one with the pause flag. */
@@ -102,14 +102,14 @@ CORVANE_PRINT_API int DBHMSGW(const CPWChar* format, ...);
  * @{ */
 
 /** Asks for values.
- *   \param text1,text2   the debug library's to interpret
+ *   \param text1,text2  the debug library's to interpret
  *   ...            where the values go */
 CORVANE_PRINT_API int DBINP(char* text1, char* text2, ...);
 
 /** Asks for a text.
- *   \param text      the question
- *   \param buffer    receives the answer, as much as the debug library writes; an empty text where there
- *             is none to ask. May be null where there is none. */
+ *   \param text    the question
+ *   \param buffer  receives the answer, as much as the debug library writes; an empty text where there is
+ *                  none to ask. May be null where there is none. */
 CORVANE_PRINT_API int DBGETSA(char* text, char* buffer);
 /** Asks for a wide text, in the same way. */
 CORVANE_PRINT_API int DBGETSW(unsigned short* text, unsigned short* buffer);
@@ -139,9 +139,9 @@ CORVANE_PRINT_API int DBMB(char* text1, char* text2, unsigned int style);
 CORVANE_PRINT_API int DBInitApp(char* name);
 
 /** A list to choose from.
- *   \param title     goes on as it is
- *   \param count     goes on as it is
- *   \param items     `count` texts */
+ *   \param title  goes on as it is
+ *   \param count  goes on as it is
+ *   \param items  `count` texts */
 CORVANE_PRINT_API int DBLBV(char* title, int count, char** items);
 
 /** The same with the texts, `char*` each, as arguments. They reach the debug library as an array of `count`,

@@ -58,7 +58,7 @@ extern "C" {
 #endif
 
 /** 1 when the flag is on: it was added, or "all" was, in which case `flag` is not looked at. 0 otherwise.
- *   \param flag      may be null */
+ *   \param flag  may be null */
 CORVANE_PRINT_API int DbgTools_isDebugOn(const char* flag);
 
 #ifdef __cplusplus

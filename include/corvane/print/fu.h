@@ -168,10 +168,11 @@ CORVANE_PRINT_API int CORVANE_PRINT_CALL FURemoveDirSepHFS(const char* src, char
 typedef struct FUPathIterator FUPathIterator;
 
 /** The first element of a list. Empty elements are skipped.
- *   \param path      the list, of any length
- *   \param delimiters each character is one; null or empty means ";"
- *   \param out       room for the longest element; FU_WIDE (FU_NARROW) suffices, longer elements are cut
- *   \param iterator  out: the walk, which the caller ends unless it has come to its end by itself
+ *   \param path        the list, of any length
+ *   \param delimiters  each character is one; null or empty means ";"
+ *   \param out         room for the longest element; FU_WIDE (FU_NARROW) suffices, longer elements are
+ *                      cut
+ *   \param iterator    out: the walk, which the caller ends unless it has come to its end by itself
  * \return FU_OK; FU_FAILED when there is no element, FU_NO_MEMORY; with both of these the iterator is
  * released and set to null, and `out` is empty. */
 CORVANE_PRINT_API int CORVANE_PRINT_CALL FUPathGetFirstW(const CPWChar* path, const CPWChar* delimiters,
@@ -332,7 +333,7 @@ CORVANE_PRINT_API void CORVANE_PRINT_CALL FUTrimExtension(CPWChar* s);
  * is written without a token and without such characters among the first 255.
  *   \param spec      the name, changed in place
  *   \param capacity  room of `spec` in characters; when the name changes, spec[capacity - 1] becomes 0.
- *             Below 1 nothing is written.
+ *                    Below 1 nothing is written.
  *
  * Oddities, kept: / is such a character, so C:/a/b becomes C:ab; when all 1000 exist, the first is used
  * again. */

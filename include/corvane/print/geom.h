@@ -121,8 +121,8 @@ CORVANE_PRINT_API int GEOMCheckRect(int dim, int n, double* pts);
 
 /** The same for an outline that may be traced twice.
  *   \param dim  doubles a point
- *   \param n    4: the corners; 5: and the first again; 8: the corners twice; 9: and the first again;
- *               10: the corners and the first again, twice
+ *   \param n    4: the corners; 5: and the first again; 8: the corners twice; 9: and the first again; 10:
+ *               the corners and the first again, twice
  *   \param pts  the outline
  * \return 1 or 0; 0 for any other count. */
 CORVANE_PRINT_API int GEOMCheckRectangularPlotArea(int dim, int n, double* pts);

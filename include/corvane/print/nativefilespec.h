@@ -93,18 +93,18 @@ CORVANE_PRINT_API Corvane::Print::NativeFileSpec* CORVANE_PRINT_CALL NativeFileS
 CORVANE_PRINT_API void CORVANE_PRINT_CALL NativeFileSpec_release(Corvane::Print::NativeFileSpec* spec);
 
 /** A text of the specification, with a terminator behind it; the specification's, valid until it is changed.
- *   \param spec      not null
- *   \param which     NATIVEFILESPEC_...; for any other value the result is null and the length 0
- *   \param length    out: the number of 16-bit units without the terminator */
+ *   \param spec    not null
+ *   \param which   NATIVEFILESPEC_...; for any other value the result is null and the length 0
+ *   \param length  out: the number of 16-bit units without the terminator */
 CORVANE_PRINT_API const CPWChar* CORVANE_PRINT_CALL
 NativeFileSpec_text(const Corvane::Print::NativeFileSpec* spec, int which, int* length);
 
 /** Replaces a text.
- *   \param spec      not null
- *   \param which     NATIVEFILESPEC_...
- *   \param text      `length` 16-bit units, which may hold zeros and are not terminated; null is an empty
- *                    text
- *   \param length    0 or more; without meaning when `text` is null
+ *   \param spec    not null
+ *   \param which   NATIVEFILESPEC_...
+ *   \param text    `length` 16-bit units, which may hold zeros and are not terminated; null is an empty
+ *                  text
+ *   \param length  0 or more; without meaning when `text` is null
  * \return NATIVEFILESPEC_OK; NATIVEFILESPEC_BAD_ARGUMENT for another `which` or a negative length;
  * NATIVEFILESPEC_NO_MEMORY. With both of these nothing has changed. */
 CORVANE_PRINT_API int CORVANE_PRINT_CALL NativeFileSpec_setText(Corvane::Print::NativeFileSpec* spec,

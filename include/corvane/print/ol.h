@@ -69,8 +69,8 @@ CORVANE_PRINT_API int OLGetNumItems(void* list, int* count);
  *   \param item     `size` bytes; null stands for that many bytes of 0
  *   \param size     a negative one is more than there can be memory for
  *   \param compare  null puts the item at the end. Otherwise it goes before the first item for which
- *            compare answers below 0, or at the end: the list stays in ascending order, and a new item
- *            comes after its equals. It must not change the list
+ *                   compare answers below 0, or at the end: the list stays in ascending order, and a new
+ *                   item comes after its equals. It must not change the list
  *   \param context  goes to compare as it is
  *
  * Oddity, kept: when there is memory for the copy but not for its place in the list, the copy is not
@@ -90,12 +90,12 @@ CORVANE_PRINT_API int OLItemGetByIndex(void* list, int index, void** item);
 
 /** The first item from position *index on that the filter accepts. OL_NOT_A_LIST, OL_EMPTY, OL_BAD_INDEX,
  * OL_NO_FILTER, OL_NOT_FOUND.
- *   \param list    the list
- *   \param filter  may change the list: positions are counted from the head anew for every item
- *   \param context goes to filter as it is
- *   \param index   where to begin, and where it was found; it stays as it is otherwise. Null is no
- *           position. Add one and call again for the next.
- *   \param item    receives its bytes; may be null
+ *   \param list     the list
+ *   \param filter   may change the list: positions are counted from the head anew for every item
+ *   \param context  goes to filter as it is
+ *   \param index    where to begin, and where it was found; it stays as it is otherwise. Null is no
+ *                   position. Add one and call again for the next.
+ *   \param item     receives its bytes; may be null
  *
  * Oddity, kept: *index is read before anything else, so it must be readable even when the handle is not one.
  */

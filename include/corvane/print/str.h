@@ -102,35 +102,35 @@ CORVANE_PRINT_API int STRMatchPatternCI(const char* string, const char* pattern)
  * @{ */
 
 /** Without any `ch`.
- *   \param str       the text
- *   \param ch        the character
- *   \param out       room for the text's length and a terminator */
+ *   \param str  the text
+ *   \param ch   the character
+ *   \param out  room for the text's length and a terminator */
 CORVANE_PRINT_API CPWChar* STRDeleteCharW(const CPWChar* str, int ch, CPWChar* out);
 /** Narrow twin of STRDeleteCharW. */
 CORVANE_PRINT_API char* STRDeleteChar(const char* str, int ch, char* out);
 
 /** Without the run of `ch` at the beginning.
- *   \param str       the text
- *   \param ch        the character
- *   \param out       room for the text's length and a terminator */
+ *   \param str  the text
+ *   \param ch   the character
+ *   \param out  room for the text's length and a terminator */
 CORVANE_PRINT_API CPWChar* STRDeleteCharLeadW(const CPWChar* str, int ch, CPWChar* out);
 /** Narrow twin of STRDeleteCharLeadW. */
 CORVANE_PRINT_API char* STRDeleteCharLead(const char* str, int ch, char* out);
 
 /** Without the run of `ch` at the end. The wide form overwrites each character of the run with a terminator.
- *   \param str       the text
- *   \param ch        the character
- *   \param out       room for the text's length and a terminator */
+ *   \param str  the text
+ *   \param ch   the character
+ *   \param out  room for the text's length and a terminator */
 CORVANE_PRINT_API CPWChar* STRDeleteCharTrailW(const CPWChar* str, int ch, CPWChar* out);
 /** Narrow twin of STRDeleteCharTrailW. */
 CORVANE_PRINT_API char* STRDeleteCharTrail(const char* str, int ch, char* out);
 
 /** At most `count` characters from position `start` (0 is the first); empty when start lies outside the text
  * or count is below 1.
- *   \param str       the text
- *   \param start     position, from 0
- *   \param count     characters
- *   \param out       room for the smaller of count and the text's length, and a terminator
+ *   \param str    the text
+ *   \param start  position, from 0
+ *   \param count  characters
+ *   \param out    room for the smaller of count and the text's length, and a terminator
  *
  * Oddity, kept: n, the smaller of count and the length of the WHOLE text, decides what is written. The wide
  * form writes zeros behind a shorter result, up to and including out[n]. */
@@ -140,19 +140,18 @@ CORVANE_PRINT_API char* STRExtractSubstr(const char* str, int start, int count, 
 
 /** With `sub` inserted in front of position `pos`; in front of the first character when pos is negative, at
  * the end when pos lies behind it. `sub` must not overlap `out`, except in the narrow form.
- *   \param str       the text
- *   \param pos       position, from 0
- *   \param sub       what is inserted
- *   \param out       room for both lengths and a terminator; the narrow form writes at most that many
- *                    bytes */
+ *   \param str  the text
+ *   \param pos  position, from 0
+ *   \param sub  what is inserted
+ *   \param out  room for both lengths and a terminator; the narrow form writes at most that many bytes */
 CORVANE_PRINT_API CPWChar* STRInsertSubstrW(const CPWChar* str, int pos, const CPWChar* sub, CPWChar* out);
 /** Narrow twin of STRInsertSubstrW. */
 CORVANE_PRINT_API char* STRInsertSubstr(const char* str, int pos, const char* sub, char* out);
 
 /** In lower case, each character by itself: the length stays.
- *   \param str       the text
- *   \param out       room for the text's length and a terminator. A narrow result whose characters take more
- *                    bytes than the text's is cut, see above. */
+ *   \param str  the text
+ *   \param out  room for the text's length and a terminator. A narrow result whose characters take more
+ *               bytes than the text's is cut, see above. */
 CORVANE_PRINT_API CPWChar* STRLowerW(const CPWChar* str, CPWChar* out);
 /** Narrow twin of STRLowerW. */
 CORVANE_PRINT_API char* STRLower(const char* str, char* out);
@@ -162,12 +161,12 @@ CORVANE_PRINT_API CPWChar* STRUpperW(const CPWChar* str, CPWChar* out);
 CORVANE_PRINT_API char* STRUpper(const char* str, char* out);
 
 /** With every `from` replaced by `to`. A `to` of 0 ends the text at the first `from`.
- *   \param str       the text
- *   \param from      the character that goes
- *   \param to        the one that takes its place
- *   \param out       room for the text's length and a terminator; in the narrow form, for the bytes of
- *                    `to` as well. It writes at most that many bytes: room for one longer character, not
- *                    for several. */
+ *   \param str   the text
+ *   \param from  the character that goes
+ *   \param to    the one that takes its place
+ *   \param out   room for the text's length and a terminator; in the narrow form, for the bytes of `to`
+ *                as well. It writes at most that many bytes: room for one longer character, not for
+ *                several. */
 CORVANE_PRINT_API CPWChar* STRReplaceCharW(const CPWChar* str, int from, int to, CPWChar* out);
 /** Narrow twin of STRReplaceCharW. */
 CORVANE_PRINT_API char* STRReplaceChar(const char* str, int from, int to, char* out);
