@@ -7,6 +7,8 @@ build=$root/build
 results=$build/check/results
 logs=$build/check/logs
 jobs=$(nproc)
+# The test programs of every target.
+everywhere="corvane_tests corvane_host_tests corvane_example_tests"
 
 # row PART WHAT PASSED FAILED SECONDS LOG
 row() {
@@ -72,6 +74,7 @@ run_part() {
 part_repository() {
   step repository layers "$root/tools/check-layers"
   step repository oddities "$root/tools/check-keep"
+  step repository pages "$root/tools/make-docs" --check
 }
 
 # What a program with the thread sanitizer is run through: some systems spread addresses over more room than the
@@ -84,10 +87,12 @@ part_linux_x64() {
   step linux-x64 build configure_and_build linux-x64 || return
   step linux-x64 headers build_headers linux-x64
   step linux-x64 exports "$root/tools/check-exports" linux-x64 "$build/linux-x64/libcorvane_print.so"
+  step linux-x64 reference cmake --build "$build/linux-x64" --target corvane_print_docs
   step linux-x64 installation "$root/tests/install/run" linux-x64 "$build/linux-x64"
   step linux-x64 packages "$root/tests/install/packages" linux-x64 "$build/linux-x64"
+  step linux-x64 pictures "$root/tools/make-pictures" --check "$build/linux-x64"
   local name
-  for name in $(test_programs linux-x64 "corvane_tests corvane_host_tests corvane_geos_tests plotclip_tests"); do
+  for name in $(test_programs linux-x64 "$everywhere corvane_geos_tests plotclip_tests"); do
     program linux-x64 "$name" $(fixed_addresses "$name") "$build/linux-x64/$name"
   done
 }
@@ -100,7 +105,7 @@ part_linux_asan() {
   export LSAN_OPTIONS=suppressions=$root/tests/lsan.supp:print_suppressions=0
   export UBSAN_OPTIONS=print_stacktrace=1
   local name
-  for name in $(test_programs linux-asan "corvane_tests corvane_host_tests corvane_geos_tests plotclip_tests"); do
+  for name in $(test_programs linux-asan "$everywhere corvane_geos_tests plotclip_tests"); do
     program linux-asan "$name" "$build/linux-asan/$name"
   done
 }
@@ -120,14 +125,14 @@ part_windows() {
   step "$target" exports "$root/tools/check-exports" "$target" "$build/$target/corvane_print.dll"
   step "$target" imports "$root/tools/check-imports" "$build/$target/corvane_print.dll" "$build/$target"/*.exe
   if ! step "$target" "programs run" returns_seven "$target"; then
-    for name in $(test_programs "$target" "corvane_tests corvane_host_tests"); do
+    for name in $(test_programs "$target" "$everywhere"); do
       row "$target" "$name" 0 1 0 "$logs/$target-programs-run.log"
     done
     return
   fi
   step "$target" installation "$root/tests/install/run" "$target" "$build/$target"
   step "$target" packages "$root/tests/install/packages" "$target" "$build/$target"
-  for name in $(test_programs "$target" "corvane_tests corvane_host_tests"); do
+  for name in $(test_programs "$target" "$everywhere"); do
     program "$target" "$name" env $(environment_of "$target" "$name") \
       "$root/tools/run-$target" "$build/$target/$name.exe"
   done
@@ -199,7 +204,7 @@ part_valgrind() {
   export CORVANE_TEST_SCALE=0.01
   local name
   # A program with a sanitizer of its own runs by itself alone, in part linux-x64.
-  for name in $(test_programs linux-x64 "corvane_tests corvane_host_tests corvane_geos_tests plotclip_tests" |
+  for name in $(test_programs linux-x64 "$everywhere corvane_geos_tests plotclip_tests" |
     grep -v '_tsan_tests$'); do
     program valgrind "$name" valgrind --quiet --error-exitcode=9 --leak-check=full \
       --show-leak-kinds=definite,possible --errors-for-leak-kinds=definite,possible \

@@ -1,6 +1,6 @@
 /* SPDX-License-Identifier: MIT
- * Copyright (c) 2026 The Corvane Print authors
- *
+ * Copyright (c) 2026 The Corvane Print authors */
+/** \file
  * How the library's names become visible. A host needs nothing from here: it includes a family's header.
  *
  * CORVANE_PRINT_API marks an exported function. While the library itself is built, CORVANE_PRINT_BUILD is
@@ -11,6 +11,11 @@
 #ifndef CORVANE_PRINT_EXPORT_H
 #define CORVANE_PRINT_EXPORT_H
 
+/** \namespace Corvane::Print
+ * The families for C++: CF, DB, the debug flags, GEOM, MAT, OL, STR and NativeFileSpec. */
+
+/** \def CORVANE_PRINT_API
+ * Marks an exported function. */
 #if defined(CORVANE_PRINT_STATIC)
 #define CORVANE_PRINT_API
 #elif defined(_WIN32)
@@ -23,6 +28,8 @@
 #define CORVANE_PRINT_API __attribute__((visibility("default")))
 #endif
 
+/** \def CORVANE_PRINT_CALL
+ * The calling convention of every export and callback. */
 #if defined(_WIN32)
 #define CORVANE_PRINT_CALL __cdecl
 #else

@@ -1,6 +1,6 @@
 /* SPDX-License-Identifier: MIT
- * Copyright (c) 2026 The Corvane Print authors
- *
+ * Copyright (c) 2026 The Corvane Print authors */
+/** \file
  * The types that all families share.
  *
  * Wide text is 16-bit text on every target: wchar_t on Windows, char16_t elsewhere, in C and in C++. A
@@ -10,6 +10,8 @@
 #ifndef CORVANE_PRINT_TYPES_H
 #define CORVANE_PRINT_TYPES_H
 
+/** \typedef CPWChar
+ * A 16-bit unit of wide text. */
 #if defined(_WIN32)
 #include <stddef.h>
 typedef wchar_t CPWChar;
