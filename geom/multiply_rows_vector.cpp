@@ -77,6 +77,7 @@ public:
   Row times(const double* row) const {
     Row sum = rows_[0];
     sum.scale(row);
+#pragma GCC unroll 4
     for (int k = 1; k < Row::kOrder; ++k) {
       Row product = rows_[k];
       product.scale(row + k);
