@@ -6,15 +6,13 @@
 //
 // Invariants
 //  - a polygon is copied into the work ring before any of its output is written, and the output position
-//  never
-//    runs ahead of the input position: so the output may be the input array itself;
-//  - the order of the floating-point operations is fixed, callers compare results bit by bit.
+//    never runs ahead of the input position: so the output may be the input array itself.
 #include "corvane/print/cl.h"
 
+#include "clip/grow_ring.h"
 #include "platform/capi_memory.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -99,56 +97,6 @@ void fill_ring(std::size_t dim, std::size_t n, const double* points, double* rin
   const bool closed = n > 1 && last[0] == first[0] && last[1] == first[1];
   copy_point(closed ? last - dim : last, dim, ring);
   copy_point(closed ? first + dim : first, dim, ring + (n + 1) * dim);
-}
-
-Vec ring_point(const double* ring, std::size_t dim, std::size_t j) {
-  return {ring[j * dim], ring[j * dim + 1]};
-}
-
-// KEEP(grow-open-direction): the sum leaves out the edge from the last point back to the first.
-// Looks wrong for an open ring; which way it grows is part of the contract. Pinned by
-// Grow.OpenRingsDirectionIsJudgedWithoutItsClosingEdge.
-bool runs_counter_clockwise(const double* ring, std::size_t dim, std::size_t n) {
-  double sum = 0;
-  for (std::size_t j = 1; j < n; ++j) {
-    const Vec a = ring_point(ring, dim, j), b = ring_point(ring, dim, j + 1);
-    sum += a.x * b.y - a.y * b.x;
-  }
-  return sum > 0;
-}
-
-Vec unit(Vec d) {
-  const double length = std::sqrt(d.x * d.x + d.y * d.y);
-  return {d.x / length, d.y / length};
-}
-
-// The offset of an edge of direction u along its outward normal.
-Vec outward(Vec u, bool counter_clockwise, double distance) {
-  if (counter_clockwise) return {u.y * distance, -u.x * distance};
-  return {-u.y * distance, u.x * distance};
-}
-
-Vec move_vertex(Vec before, Vec q, Vec after, bool counter_clockwise, double distance) {
-  const Vec d1 = {q.x - before.x, q.y - before.y}, d2 = {after.x - q.x, after.y - q.y};
-  if ((d1.x == 0 && d1.y == 0) || (d2.x == 0 && d2.y == 0)) return q;
-  const Vec u1 = unit(d1), u2 = unit(d2);
-  const Vec o1 = outward(u1, counter_clockwise, distance), o2 = outward(u2, counter_clockwise, distance);
-  const double det = u1.x * u2.y - u2.x * u1.y;
-  if (det == 0) return {q.x + o1.x, q.y + o1.y};
-  const double c1 = (q.y + o1.y) * u1.x - (q.x + o1.x) * u1.y;
-  const double c2 = (q.y + o2.y) * u2.x - (q.x + o2.x) * u2.y;
-  return {(u2.x * c1 - u1.x * c2) / det, (u2.y * c1 - u1.y * c2) / det};
-}
-
-void grow_ring(std::size_t dim, std::size_t n, const double* ring, double distance, double* out) {
-  const bool counter_clockwise = runs_counter_clockwise(ring, dim, n);
-  for (std::size_t j = 1; j <= n; ++j, out += dim) {
-    const Vec moved = move_vertex(ring_point(ring, dim, j - 1), ring_point(ring, dim, j),
-                                  ring_point(ring, dim, j + 1), counter_clockwise, distance);
-    out[0] = moved.x;
-    out[1] = moved.y;
-    if (dim == 3) out[2] = ring[j * dim + 2];
-  }
 }
 
 void grow_entries(std::size_t dim, std::span<const int> counts, const double* points, double distance,

@@ -17,6 +17,13 @@ namespace Corvane::Print::clip {
 int CORVANE_PRINT_CALL clip_line_rect(FencePolygon* fence, int dim, int numPoints, const double* points,
                                       int* numPieces, int* counts, double* out, int* numOut);
 
+// The same in two forms, of which clip_line_rect is one: segment by segment, and with stretches of a line at
+// a time. They write the same, also where there is no room.
+int clip_line_rect_plain(FencePolygon* fence, int dim, int numPoints, const double* points, int* numPieces,
+                         int* counts, double* out, int* numOut);
+int clip_line_rect_fast(FencePolygon* fence, int dim, int numPoints, const double* points, int* numPieces,
+                        int* counts, double* out, int* numOut);
+
 }  // namespace Corvane::Print::clip
 
 #endif

@@ -3,11 +3,18 @@
 //
 // Vectors, rectangles and boxes: sums, corners, enclosing boxes, intersections. All comparisons are exact.
 #include "corvane/print/geom.h"
-
-#include <cstddef>
+#include "geom/coordinates.h"
 
 namespace Corvane::Print {
 namespace {
+
+#ifdef CORVANE_PRINT_PLAIN
+constexpr auto add = geom::add_plain;
+constexpr auto widen = geom::widen_plain;
+#else
+constexpr auto add = geom::add_fast;
+constexpr auto widen = geom::widen_fast;
+#endif
 
 template <class... Arrays>
 bool any_null(const Arrays*... arrays) {
@@ -18,18 +25,11 @@ void copy_point(const double* from, int dim, double* to) {
   for (int k = 0; k < dim; ++k) to[k] = from[k];
 }
 
-void widen(const double* point, int dim, double* low, double* high) {
-  for (int k = 0; k < dim; ++k) {
-    if (low[k] > point[k]) low[k] = point[k];
-    if (high[k] < point[k]) high[k] = point[k];
-  }
-}
-
 int enclose(int n, const double* pts, int dim, double* low, double* high) {
   if (any_null(pts, low, high)) return 0;
   copy_point(pts, dim, low);
   copy_point(pts, dim, high);
-  for (int i = 1; i < n; ++i) widen(pts + static_cast<std::ptrdiff_t>(i) * dim, dim, low, high);
+  if (n > 1) widen(dim, n - 1, pts + dim, low, high);
   return 0;
 }
 
@@ -69,7 +69,7 @@ private:
 
 int GEOMAddVector(int n, double* a, double* b, double* sum) {
   if (any_null(a, b, sum)) return 0;
-  for (int i = 0; i < n; ++i) sum[i] = a[i] + b[i];
+  add(n, a, b, sum);
   return 0;
 }
 
@@ -106,7 +106,7 @@ int GEOMComputeCubeDiag(int n, double* pts, double* minCorner, double* maxCorner
   if (any_null(pts, minCorner, maxCorner)) return 0;
   copy_point(pts, 3, minCorner);
   copy_point(pts + 3, 3, maxCorner);
-  for (int i = 0; i < n; ++i) widen(pts + static_cast<std::ptrdiff_t>(i) * 3, 3, minCorner, maxCorner);
+  widen(3, n, pts, minCorner, maxCorner);
   return 0;
 }
 

@@ -2,13 +2,14 @@
 // Copyright (c) 2026 The Corvane Print authors
 //
 // Matrix arithmetic and the way to and from homogeneous form. Every result is formed before it is stored, so
-// that outputs may be inputs. Sums begin with the first product and go on in the order of the elements; the
-// bits of results hang on it.
+// that outputs may be inputs.
 #include "corvane/print/mat.h"
 #include "geom/doubles.h"
+#include "geom/multiply_rows.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <type_traits>
 
 namespace Corvane::Print {
 namespace {
@@ -16,38 +17,35 @@ namespace {
 constexpr int kLargestOrder = 4;
 using Elements = double[kLargestOrder * kLargestOrder];
 
+#ifdef CORVANE_PRINT_PLAIN
+constexpr auto multiply_rows = geom::multiply_rows_plain;
+constexpr auto multiply_matrices = geom::multiply_matrices_plain;
+#else
+constexpr auto multiply_rows = geom::multiply_rows_fast;
+constexpr auto multiply_matrices = geom::multiply_matrices_fast;
+#endif
+
 bool is_order(int n) {
   return n >= 2 && n <= kLargestOrder;
 }
 
-// A row vector of N doubles times column j of a matrix.
-template <int N>
-double row_times_column(const double* row, const double* m, int j) {
-  double sum = row[0] * m[j];
-  for (int k = 1; k < N; ++k) sum += row[k] * m[k * N + j];
-  return sum;
-}
+// A dimension that the compiler knows: points of it are moved without a call.
+template <int kDim>
+using Fixed = std::integral_constant<std::ptrdiff_t, kDim>;
 
-template <int N>
-void multiply_rows(const double* rows, std::ptrdiff_t count, const double* m, double* out) {
-  for (std::ptrdiff_t i = 0; i < count; ++i) {
-    double result[N];
-    for (int j = 0; j < N; ++j) result[j] = row_times_column<N>(rows + i * N, m, j);
-    std::copy_n(result, N, out + i * N);
+// From the last point backwards: in place, nothing is written over before it was read.
+template <class Dim>
+void append_ones(Dim dim, int count, const double* pts, double* hpts) {
+  for (std::ptrdiff_t i = std::ptrdiff_t{count} - 1; i >= 0; --i) {
+    double* const point = hpts + i * (dim + 1);
+    geom::move_doubles(pts + i * dim, dim, point);
+    point[dim] = 1.0;
   }
 }
 
-void multiply_rows(int n, const double* rows, int count, const double* m, double* out) {
-  switch (n) {
-    case 2:
-      return multiply_rows<2>(rows, count, m, out);
-    case 3:
-      return multiply_rows<3>(rows, count, m, out);
-    case 4:
-      return multiply_rows<4>(rows, count, m, out);
-    default:
-      return;
-  }
+template <class Dim>
+void drop_last(Dim dim, int count, const double* hpts, double* pts) {
+  for (std::ptrdiff_t i = 0; i < count; ++i) geom::move_doubles(hpts + i * (dim + 1), dim, pts + i * dim);
 }
 
 }  // namespace
@@ -64,9 +62,7 @@ int MATTransposeMat(int n, const double* m, double* t) {
 
 int MATMulMatMat(int n, double* a, double* b, double* c) {
   if (!is_order(n) || a == nullptr || b == nullptr || c == nullptr) return 0;
-  Elements product;
-  multiply_rows(n, a, n, b, product);
-  std::copy_n(product, n * n, c);
+  multiply_matrices(n, a, b, c);
   return 0;
 }
 
@@ -87,14 +83,15 @@ int MATCvtMatToHomog(int dim, double* r, double* h) {
   return 0;
 }
 
-// From the last point backwards: in place, nothing is written over before it was read.
 void MATConvertPtDimToHomog(int dim, int count, const double* pts, double* hpts) {
   if (dim < 1 || count < 1 || pts == nullptr || hpts == nullptr) return;
-  const std::ptrdiff_t stride = dim;
-  for (std::ptrdiff_t i = std::ptrdiff_t{count} - 1; i >= 0; --i) {
-    double* const point = hpts + i * (stride + 1);
-    geom::move_doubles(pts + i * stride, stride, point);
-    point[stride] = 1.0;
+  switch (dim) {
+    case 2:
+      return append_ones(Fixed<2>(), count, pts, hpts);
+    case 3:
+      return append_ones(Fixed<3>(), count, pts, hpts);
+    default:
+      return append_ones(std::ptrdiff_t{dim}, count, pts, hpts);
   }
 }
 
@@ -103,9 +100,13 @@ void MATConvertPtDimToHomog(int dim, int count, const double* pts, double* hpts)
 // Matrix.GoingBackToPlainPointsDividesByNothing.
 void MATConvertPtHomogToDim(int dim, int count, const double* hpts, double* pts) {
   if (dim < 1 || count < 1 || pts == nullptr || hpts == nullptr) return;
-  const std::ptrdiff_t stride = dim;
-  for (std::ptrdiff_t i = 0; i < count; ++i) {
-    geom::move_doubles(hpts + i * (stride + 1), stride, pts + i * stride);
+  switch (dim) {
+    case 2:
+      return drop_last(Fixed<2>(), count, hpts, pts);
+    case 3:
+      return drop_last(Fixed<3>(), count, hpts, pts);
+    default:
+      return drop_last(std::ptrdiff_t{dim}, count, hpts, pts);
   }
 }
 

@@ -4,9 +4,13 @@
 // The object list: its chain of items, what its functions do with them, and their codes in order.
 #include <array>
 #include <climits>
+#include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <vector>
 
+#include "tests/support/random.h"
+#include "tests/support/scale.h"
 #include "tests/util/number_list.h"
 
 namespace Corvane::Print::tests {
@@ -270,6 +274,79 @@ TEST_F(ObjectList, AFilterMayChangeTheList) {
   EXPECT_EQ(OLItemGetByFilter(list_, delete_ones, list_, &index, nullptr), OL_OK);
   EXPECT_EQ(index, 1);
   EXPECT_EQ(numbers(), (Ints{2, 3}));
+}
+
+// A filter that changes its list as it likes, always the same way for the same seed.
+struct Meddler {
+  explicit Meddler(std::uint64_t seed, void* its_list) : random(seed), list(its_list) {}
+
+  static int CORVANE_PRINT_CALL filter(void* item, void* context) {
+    return static_cast<Meddler*>(context)->meddle(*static_cast<int*>(item));
+  }
+
+  int meddle(int number) {
+    seen.push_back(number);
+    int count = 0, start = 0, index = random.between(0, 9), other = random.between(0, 99);
+    OLGetNumItems(list, &count);
+    if (count < 40 && random.one_in(5)) OLItemInsert(list, &other, sizeof other, nullptr, nullptr);
+    if (count < 40 && random.one_in(9)) OLItemInsert(list, &other, sizeof other, descending, nullptr);
+    if (count > 1 && random.one_in(5)) OLItemDelete(list, index);
+    if (random.one_in(5)) OLItemSet(list, index, &other, sizeof other);
+    if (random.one_in(9)) OLItemGetByFilter(list, accepts_nothing, nullptr, &start, nullptr);
+    return random.one_in(30) ? 1 : 0;
+  }
+
+  static int CORVANE_PRINT_CALL descending(void* new_item, void* list_item, void*) {
+    return *static_cast<int*>(list_item) - *static_cast<int*>(new_item);
+  }
+
+  Random random;
+  void* list;
+  Ints seen;
+};
+
+// The rule of a filter search: each position is walked to from the head.
+int search_from_the_head(void* list, Meddler& meddler, int* index) {
+  for (int position = *index, count = 0; OLGetNumItems(list, &count) == OL_OK && position < count;
+       ++position) {
+    void* item = nullptr;
+    OLItemGetByIndex(list, position, &item);
+    if (Meddler::filter(item, &meddler) == 0) continue;
+    *index = position;
+    return OL_OK;
+  }
+  return OL_NOT_FOUND;
+}
+
+TEST_F(ObjectList, AFilterMayChangeTheListInAnyWay) {
+  constexpr std::uint64_t kFamily = 513;
+  std::printf("seeds: case_seed(%d, i)\n", static_cast<int>(kFamily));
+  for (int i = 0; i < scaled(20000); ++i) {
+    Random random(case_seed(kFamily, i));
+    void* const other = OLCreate();
+    OLClear(list_);
+    for (int n = random.between(1, 20); n > 0; --n) {
+      int number = random.between(0, 99);
+      OLItemInsert(list_, &number, sizeof number, nullptr, nullptr);
+      OLItemInsert(other, &number, sizeof number, nullptr, nullptr);
+    }
+    Meddler one(random.next(), list_), two = one;
+    two.list = other;
+    int found = 0, expected = 0;
+    const int status = OLItemGetByFilter(list_, Meddler::filter, &one, &found, nullptr);
+    ASSERT_EQ(status, search_from_the_head(other, two, &expected)) << "case " << i;
+    ASSERT_EQ(found, expected) << "case " << i;
+    ASSERT_EQ(one.seen, two.seen) << "case " << i;
+    OLDestroy(other);
+  }
+}
+
+TEST_F(ObjectList, AFilterMayDestroyTheListWithTheItemItAccepts) {
+  void* const other = OLCreate();
+  int number = 1, index = 0;
+  OLItemInsert(other, &number, sizeof number, nullptr, nullptr);
+  const auto destroy = [](void*, void* context) { return OLDestroy(context) == OL_OK ? 1 : 0; };
+  EXPECT_EQ(OLItemGetByFilter(other, destroy, other, &index, nullptr), OL_OK);
 }
 
 TEST_F(ObjectList, ListsAreIndependent) {

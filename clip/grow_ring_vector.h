@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The Corvane Print authors
+//
+// Moves the vertices of a ring two at a time.
+#ifndef CORVANE_PRINT_CLIP_GROW_RING_VECTOR_H
+#define CORVANE_PRINT_CLIP_GROW_RING_VECTOR_H
+
+#include <cstddef>
+
+namespace Corvane::Print::clip {
+
+// Arguments as those of grow_ring. Returns how many vertices it moved: all, or all but the last one.
+std::size_t move_by_two(std::size_t dim, std::size_t n, const double* ring, bool counter_clockwise,
+                        double distance, double* out);
+
+}  // namespace Corvane::Print::clip
+
+#endif
