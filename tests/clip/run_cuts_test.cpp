@@ -4,7 +4,7 @@
 // Where a run of a polyline meets one fence polygon, and on which side it runs in between.
 #include "clip/run_cuts.h"
 
-#include "clip/node_pool.h"
+#include "clip/ring.h"
 #include "tests/clip/engine.h"
 
 #include <gtest/gtest.h>
@@ -32,12 +32,20 @@ Result cuts_of(const Ring& line, const Ring& fence_ring = kSquare) {
   Result result;
   for (const int mode : {CL_KEEP_OUTSIDE, CL_KEEP_INSIDE}) {
     const Fence fence({fence_ring}, mode);
-    EXPECT_TRUE(clip::restart_overflow());
-    std::vector<clip::LinePoint> points;
-    for (const Point& p : line) points.push_back({p.x, p.y, p.z});
-    const clip::Run run = clip::build_run(points.data(), points.size());
+    platform::CapiVector<clip::LinePoint> points;
+    ClipExtent extent = clip::empty_extent();
+    for (const Point& p : line) {
+      points.push_back({p.x, p.y, p.z});
+      clip::include_point(extent, p.x, p.y);
+    }
+    clip::EdgeIndex edges;
+    edges.build(points.data(), static_cast<int>(points.size()) - 1);
     const std::string other_mode = result.text();
-    result.cuts = clip::cut_run_at(run, *fence.handle(), 7, result.inside_at_start);
+    result.cuts = clip::cut_run_at({points, extent, &edges}, *fence.handle(), 7, result.inside_at_start);
+    bool inside_without_index = false;
+    const clip::Run plain = {points, extent, nullptr};
+    EXPECT_EQ(clip::cut_run_at(plain, *fence.handle(), 7, inside_without_index).size(), result.cuts.size());
+    EXPECT_EQ(inside_without_index, result.inside_at_start);
     for (clip::Cut& c : result.cuts) {
       EXPECT_EQ(c.number, 7);
       c.fence = nullptr;  // goes with the fence
@@ -47,20 +55,6 @@ Result cuts_of(const Ring& line, const Ring& fence_ring = kSquare) {
     }
   }
   return result;
-}
-
-TEST(RunCuts, ARunIsARingOfVerticesWithItsEdgeData) {
-  ASSERT_TRUE(clip::restart_overflow());
-  const clip::LinePoint points[] = {{1, 2, 3}, {4, 6, 5}, {4, 6.5, 5}};
-  const clip::Run run = clip::build_run(points, 3);
-  EXPECT_EQ(run.count, 3);
-  EXPECT_EQ(run.first->dx, 3);
-  EXPECT_EQ(run.first->dy, 4);
-  EXPECT_EQ(run.first->tolerance, 1e-5 / 5);
-  EXPECT_EQ(run.first->next->tolerance, 1e-5);
-  EXPECT_EQ(run.first->prev->next, run.first);
-  EXPECT_EQ(run.extent.xmin, 1);
-  EXPECT_EQ(run.extent.ymax, 6.5);
 }
 
 TEST(RunCuts, CutsComeInTheOrderOfTheRun) {

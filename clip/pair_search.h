@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The Corvane Print authors
+//
+// The indexed search for pairs of edges that may meet. It visits pairs in the order of the plain double loop
+// and leaves out only pairs that cannot meet, so what the engine makes of them is the same.
+//
+// What it buys: two outlines of 100,000 edges have 10,000,000,000 pairs, of which an outline's usual course
+// leaves some 100,000 to look at.
+//
+// Why nothing is lost: a pair is left out for one of two reasons. Boxes that hold the two edges are apart;
+// then the edges' own extents are apart, and the plain loop leaves the pair out too. Or both ends of one edge
+// lie clear of the other edge's line on the same side; see LineTest.
+#ifndef CORVANE_PRINT_CLIP_PAIR_SEARCH_H
+#define CORVANE_PRINT_CLIP_PAIR_SEARCH_H
+
+#include "clip/edge_index.h"
+
+#include <emmintrin.h>
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstddef>
+
+namespace Corvane::Print::clip {
+
+// Touching boxes are not apart.
+inline bool overlap(const Box& a, const Box& b) {
+  const __m128d low_enough = _mm_cmple_pd(_mm_loadu_pd(&a.xmin), _mm_loadu_pd(&b.xmax));
+  const __m128d high_enough = _mm_cmpge_pd(_mm_loadu_pd(&a.xmax), _mm_loadu_pd(&b.xmin));
+  return _mm_movemask_pd(_mm_and_pd(low_enough, high_enough)) == 3;
+}
+
+inline Box box_of_edge(const LinePoint& a, const LinePoint& b) {
+  return {std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y)};
+}
+
+// The line through an edge, and on which side of it points lie.
+//
+// For a point p, s(p) is the cross product of the edge with p - start. Of another edge from p to q, s(p) is
+// the numerator of its parameter of intersection, bit by bit, and s(p) - s(q), but for rounding, its
+// denominator. When s(p) and s(q) have one sign and each is more than 3e-5 of the greatest |s| that a point
+// can have here, the parameter is at least 2e-5 off [0, 1], and the tolerances that could still make a meeting
+// of it are at most 1e-5. Rounding of s is of the order of 1e-15 of that greatest |s|.
+class LineTest {
+public:
+  // `around` holds all points that will be asked about.
+  LineTest(const LinePoint& start, const LinePoint& end, const Box& around)
+      : x_(_mm_set1_pd(start.x)), y_(_mm_set1_pd(start.y)) {
+    const double dx = end.x - start.x, dy = end.y - start.y;
+    const double reach_x = std::max(std::fabs(around.xmin - start.x), std::fabs(around.xmax - start.x));
+    const double reach_y = std::max(std::fabs(around.ymin - start.y), std::fabs(around.ymax - start.y));
+    const double clear = 3e-5 * (std::fabs(dx) + std::fabs(dy)) * std::max(reach_x, reach_y);
+    dx_ = _mm_set1_pd(dx);
+    dy_ = _mm_set1_pd(dy);
+    clear_ = _mm_set1_pd(clear);
+    minus_clear_ = _mm_set1_pd(-clear);
+  }
+
+  // One bit for each of `count` edges between consecutive points: set when it may meet the line. NaN compares
+  // as not clear.
+  unsigned may_meet(const LinePoint* points, int count) const {
+    unsigned left = 0, right = 0;
+    int i = 0;
+    for (; i + 1 <= count; i += 2) classify(points[i], points[i + 1], i, left, right);
+    if (i == count) classify(points[i], points[i], i, left, right);
+    const unsigned all = (1u << count) - 1u;
+    return all & ~((left & left >> 1) | (right & right >> 1));
+  }
+
+private:
+  void classify(const LinePoint& p, const LinePoint& q, int at, unsigned& left, unsigned& right) const {
+    const __m128d a = _mm_loadu_pd(&p.x), b = _mm_loadu_pd(&q.x);
+    const __m128d x = _mm_sub_pd(_mm_unpacklo_pd(a, b), x_), y = _mm_sub_pd(_mm_unpackhi_pd(a, b), y_);
+    const __m128d s = _mm_sub_pd(_mm_mul_pd(y, dx_), _mm_mul_pd(x, dy_));
+    left |= static_cast<unsigned>(_mm_movemask_pd(_mm_cmpgt_pd(s, clear_))) << at;
+    right |= static_cast<unsigned>(_mm_movemask_pd(_mm_cmplt_pd(s, minus_clear_))) << at;
+  }
+
+  __m128d x_, y_, dx_, dy_, clear_, minus_clear_;
+};
+
+template <class Visit>
+class PairSearch {
+public:
+  PairSearch(const EdgeIndex& outer, const EdgeIndex& inner, Visit& visit)
+      : outer_(outer), inner_(inner), visit_(visit) {}
+
+  void run() {
+    if (outer_.levels() == 0 || inner_.levels() == 0) return;
+    blocks_.push_back(0);
+    descend(outer_.levels() - 1, 0, inner_.levels() - 1, {0, 1});
+  }
+
+private:
+  // A stretch of blocks_: blocks of the inner index, all of one level, in ascending order.
+  struct Stretch {
+    std::size_t begin, end;
+  };
+
+  // `candidates` are the inner blocks that overlap the outer block's parent. What of them overlaps the block
+  // itself is taken down to the block's own level, so that both sides become finer together.
+  void descend(int level, int block, int inner_level, Stretch candidates) {
+    const std::size_t before = blocks_.size();
+    const Box& box = outer_.box(level, block);
+    Stretch near = candidates;
+    if (inner_level <= level) {
+      near = overlapping(box, inner_level, candidates);
+    } else {
+      for (; inner_level > level; --inner_level) near = children(box, inner_level, near);
+    }
+    if (near.begin != near.end) {
+      if (level == 0) {
+        search_block(block, inner_level, near);
+      } else {
+        const int first = block * EdgeIndex::kFan;
+        const int end = std::min(first + EdgeIndex::kFan, outer_.blocks(level - 1));
+        for (int b = first; b < end; ++b) descend(level - 1, b, inner_level, near);
+      }
+    }
+    blocks_.resize(before);
+  }
+
+  Stretch overlapping(const Box& box, int level, Stretch from) {
+    const std::size_t begin = blocks_.size();
+    for (std::size_t i = from.begin; i < from.end; ++i) {
+      const int block = blocks_[i];
+      if (overlap(box, inner_.box(level, block))) blocks_.push_back(block);
+    }
+    return {begin, blocks_.size()};
+  }
+
+  // Blocks one level further down.
+  Stretch children(const Box& box, int level, Stretch from) {
+    const std::size_t begin = blocks_.size();
+    for (std::size_t i = from.begin; i < from.end; ++i) {
+      if (!overlap(box, inner_.box(level, blocks_[i]))) continue;
+      const int first = blocks_[i] * EdgeIndex::kFan;
+      const int end = std::min(first + EdgeIndex::kFan, inner_.blocks(level - 1));
+      for (int b = first; b < end; ++b) {
+        if (overlap(box, inner_.box(level - 1, b))) blocks_.push_back(b);
+      }
+    }
+    return {begin, blocks_.size()};
+  }
+
+  // Here inner_level is 0: an outer block of level 0 has brought it down.
+  void search_block(int block, int inner_level, Stretch near) {
+    const int first = block * EdgeIndex::kFan;
+    const int end = std::min(first + EdgeIndex::kFan, outer_.edges());
+    const Box& around = inner_.box(inner_.levels() - 1, 0);
+    for (int e = first; e < end; ++e) {
+      const LinePoint &start = outer_.points()[e], &stop = outer_.points()[e + 1];
+      const Box box = box_of_edge(start, stop);
+      const LineTest line(start, stop, around);
+      for (std::size_t i = near.begin; i < near.end; ++i) {
+        if (overlap(box, inner_.box(inner_level, blocks_[i]))) search_edges(e, box, line, blocks_[i]);
+      }
+    }
+  }
+
+  void search_edges(int e, const Box& box, const LineTest& line, int inner_block) {
+    const int first = inner_block * EdgeIndex::kFan;
+    const LinePoint* points = inner_.points() + first;
+    const int count = std::min(EdgeIndex::kFan, inner_.edges() - first);
+    for (unsigned left = line.may_meet(points, count); left != 0; left &= left - 1) {
+      const int i = std::countr_zero(left);
+      if (overlap(box, box_of_edge(points[i], points[i + 1]))) visit_(e, first + i);
+    }
+  }
+
+  const EdgeIndex& outer_;
+  const EdgeIndex& inner_;
+  Visit& visit_;
+  platform::CapiVector<int> blocks_;  // a stack of stretches
+};
+
+// Calls visit(e, f) for the numbers of edges that may meet: those of `outer` in order, and for each of them
+// those of `inner` in order. Throws std::bad_alloc, and what visit throws.
+template <class Visit>
+void for_each_near_pair(const EdgeIndex& outer, const EdgeIndex& inner, Visit&& visit) {
+  PairSearch<std::remove_reference_t<Visit>>(outer, inner, visit).run();
+}
+
+}  // namespace Corvane::Print::clip
+
+#endif
