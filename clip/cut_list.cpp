@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The Corvane Print authors
 //
-// The cuts of one edge are few, however many the run has: sorting them edge by edge costs little, and the list
-// itself never has to be sorted.
+// The cuts of one edge are few, however many the run has: sorting them edge by edge costs little, and the
+// list itself never has to be sorted.
 #include "clip/cut_list.h"
 
 #include <algorithm>
@@ -14,8 +14,8 @@ namespace {
 
 using Iterator = Cuts::iterator;
 
-// In which order the fence's edges report cuts; one edge reports the end of a run's edge before the start of
-// the next.
+// In which order the fence's edges report cuts. What one of them reports twice, of the end of a run's edge
+// and of the start of the next, is the same.
 bool reported_before(const Cut& a, const Cut& b) {
   return a.fence_edge < b.fence_edge;
 }
@@ -33,7 +33,7 @@ bool along_edge(const Cut& a, const Cut& b) {
 
 // Both fence edges at a vertex report it; the first report stays.
 Iterator drop_repeated_vertices(Iterator begin, Iterator end) {
-  std::stable_sort(begin, end, by_fence_vertex);
+  std::sort(begin, end, by_fence_vertex);
   return std::unique(begin, end, [](const Cut& a, const Cut& b) {
     return !a.inside_edge && !b.inside_edge && a.fence == b.fence;
   });
@@ -56,9 +56,10 @@ void CutList::finish_edge() {
   if (end - begin > 1) {
     const auto at_vertex = [](const Cut& cut) { return !cut.inside_edge; };
     if (std::count_if(begin, end, at_vertex) > 1) end = drop_repeated_vertices(begin, end);
-    std::stable_sort(begin, end, along_edge);
+    std::sort(begin, end, along_edge);
     // One cut is enough for each point of the run.
-    end = std::unique(begin, end, [](const Cut& a, const Cut& b) { return a.param == 0.0 && b.param == 0.0; });
+    end =
+        std::unique(begin, end, [](const Cut& a, const Cut& b) { return a.param == 0.0 && b.param == 0.0; });
     cuts_.erase(end, cuts_.end());
   }
   edge_begin_ = cuts_.size();

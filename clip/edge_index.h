@@ -2,8 +2,8 @@
 // Copyright (c) 2026 The Corvane Print authors
 //
 // Boxes over the edges of a ring or a run, in their own order: one over every 8 consecutive edges, one over
-// every 8 of those, and so on up to a single one. Neighbours in the drawing are mostly neighbours in the ring,
-// so these boxes are tight without any sorting, and a walk from left to right meets the edges in order.
+// every 8 of those, and so on up to a single one. Neighbours in the drawing are mostly neighbours in the
+// ring, so these boxes are tight without any sorting, and a walk from left to right meets the edges in order.
 #ifndef CORVANE_PRINT_CLIP_EDGE_INDEX_H
 #define CORVANE_PRINT_CLIP_EDGE_INDEX_H
 
@@ -22,8 +22,8 @@ class EdgeIndex {
 public:
   static constexpr int kFan = 8;  // edges of a block, and blocks of a larger block
 
-  // Of the edges between each of `edges` + 1 points and the next, which the caller keeps. A coordinate that is
-  // no number is in no box. Room is kept for the next build. Throws std::bad_alloc.
+  // Of the edges between each of `edges` + 1 points and the next, which the caller keeps. A coordinate that
+  // is no number is in no box. Room is kept for the next build. Throws std::bad_alloc.
   void build(const LinePoint* points, int edges);
 
   const LinePoint* points() const { return points_; }

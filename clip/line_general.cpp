@@ -43,25 +43,38 @@ void put_entries_first(const Run& run, Cuts& cuts) {
   }
 }
 
+// Touches are none of the output's business.
+void drop_touches(Cuts& cuts, bool inside_before) {
+  const auto is_touch = [&](const Cut& cut) {
+    return std::exchange(inside_before, cut.inside_after) == cut.inside_after;
+  };
+  auto kept = cuts.begin();
+  for (const Cut& cut : cuts) {
+    if (!is_touch(cut)) *kept++ = cut;
+  }
+  cuts.erase(kept, cuts.end());
+}
+
+// Both lists are in the order of the run; of cuts at one place those of `more` come last.
+void merge(Cuts& cuts, Cuts more) {
+  if (cuts.empty()) return cuts.swap(more);
+  const auto middle = static_cast<std::ptrdiff_t>(cuts.size());
+  cuts.insert(cuts.end(), more.begin(), more.end());
+  std::inplace_merge(cuts.begin(), cuts.begin() + middle, cuts.end(), [](const Cut& a, const Cut& b) {
+    return a.edge != b.edge ? a.edge < b.edge : a.param < b.param;
+  });
+}
+
 RunInFence cut_run(const Run& run, FencePolygon& fence, const ClipExtent& input) {
   RunInFence result;
-  int number = 0;
-  for (FencePolygon* f = &fence; f != nullptr; f = f->nextPoly, ++number) {
+  for (FencePolygon* f = &fence; f != nullptr; f = f->nextPoly) {
     if (!overlap_xy(f->extent, input)) continue;
     bool inside = false;
-    const Cuts cuts = cut_run_at(run, *f, number, inside);
+    Cuts cuts = cut_run_at(run, *f, inside);
     result.inside_count += inside ? 1 : 0;
-    bool inside_before = inside;
-    for (const Cut& cut : cuts) {
-      // Touches are none of the output's business.
-      if (cut.inside_after != inside_before) result.cuts.push_back(cut);
-      inside_before = cut.inside_after;
-    }
+    drop_touches(cuts, inside);
+    merge(result.cuts, std::move(cuts));
   }
-  std::stable_sort(result.cuts.begin(), result.cuts.end(), [](const Cut& a, const Cut& b) {
-    if (a.edge != b.edge) return a.edge < b.edge;
-    return a.param < b.param;
-  });
   put_entries_first(run, result.cuts);
   return result;
 }
@@ -69,8 +82,8 @@ RunInFence cut_run(const Run& run, FencePolygon& fence, const ClipExtent& input)
 // Writes the kept stretches of one run.
 class RunWriter {
 public:
-  RunWriter(bool keep_outside, int inside_count, OutputRoom& room)
-      : keep_outside_(keep_outside), inside_count_(inside_count), room_(room) {
+  RunWriter(const Run& run, bool keep_outside, int inside_count, OutputRoom& room)
+      : run_(run), keep_outside_(keep_outside), inside_count_(inside_count), room_(room) {
     if (keeping()) room_.begin_piece();
   }
   void points(std::span<const LinePoint> row) {
@@ -82,11 +95,11 @@ public:
     inside_count_ += cut.inside_after ? 1 : -1;
     if (keeping() == before) return;
     if (before) {
-      room_.point(cut.point.x, cut.point.y, cut.point.z);
+      write(cut);
       room_.end_piece();
     } else {
       room_.begin_piece();
-      if (cut.param != 0.0) room_.point(cut.point.x, cut.point.y, cut.point.z);
+      if (cut.param != 0.0) write(cut);
     }
   }
   void end() {
@@ -94,15 +107,20 @@ public:
   }
 
 private:
+  void write(const Cut& cut) {
+    const LinePoint p = point_of(cut, run_);
+    room_.point(p.x, p.y, p.z);
+  }
   bool keeping() const { return (inside_count_ == 0) == keep_outside_; }
 
+  const Run& run_;
   bool keep_outside_;
   int inside_count_;
   OutputRoom& room_;
 };
 
 void emit_run(const Run& run, const RunInFence& in_fence, bool keep_outside, OutputRoom& room) {
-  RunWriter writer(keep_outside, in_fence.inside_count, room);
+  RunWriter writer(run, keep_outside, in_fence.inside_count, room);
   std::size_t written = 0;
   for (const Cut& cut : in_fence.cuts) {
     // A cut at a point comes before it, all others on its edge behind it.

@@ -21,8 +21,8 @@ enum LinkMarker { kCrossing = 1, kEntry = 2, kVisited = 4, kFenceShift = 3 };
 
 using VertexList = platform::CapiVector<FenceVertex*>;
 
-// Links one subject ring with any number of fence rings, and takes the links off the fence again when it goes.
-// The subject must have been reset. Throws std::bad_alloc.
+// Links one subject ring with any number of fence rings, and takes the links off the fence again when it
+// goes. The subject must have been reset. Throws std::bad_alloc.
 class RingLinker {
 public:
   // `limit` grows with every linked vertex: snapping may leave one a hair outside the subject.

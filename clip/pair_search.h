@@ -40,8 +40,8 @@ inline Box box_of_edge(const LinePoint& a, const LinePoint& b) {
 // For a point p, s(p) is the cross product of the edge with p - start. Of another edge from p to q, s(p) is
 // the numerator of its parameter of intersection, bit by bit, and s(p) - s(q), but for rounding, its
 // denominator. When s(p) and s(q) have one sign and each is more than 3e-5 of the greatest |s| that a point
-// can have here, the parameter is at least 2e-5 off [0, 1], and the tolerances that could still make a meeting
-// of it are at most 1e-5. Rounding of s is of the order of 1e-15 of that greatest |s|.
+// can have here, the parameter is at least 2e-5 off [0, 1], and the tolerances that could still make a
+// meeting of it are at most 1e-5. Rounding of s is of the order of 1e-15 of that greatest |s|.
 class LineTest {
 public:
   // `around` holds all points that will be asked about.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The Corvane Print authors
 //
-// What the indexed form keeps beside a polygon's header, in the rest of the header's node: the ring's points in
-// a row, boxes over its edges, and where each vertex record is.
+// What the indexed form keeps beside a polygon's header, in the rest of the header's node: the ring's points
+// in a row, boxes over its edges, and where each vertex record is.
 //
 // A fence polygon gets its index when a polygon or a line is first clipped by it, and keeps it as long as it
 // lives. A subject's index comes before its vertices: it starts with the points alone, see subject_ring.h.

@@ -31,7 +31,8 @@ RingPoints points_of_ring(const FenceVertex* first) {
 
 double shoelace_sum(const RingPoints& ring) {
   double sum = 0.0;
-  for (std::size_t i = 0; i + 1 < ring.size(); ++i) sum += ring[i].x * ring[i + 1].y - ring[i].y * ring[i + 1].x;
+  for (std::size_t i = 0; i + 1 < ring.size(); ++i)
+    sum += ring[i].x * ring[i + 1].y - ring[i].y * ring[i + 1].x;
   return sum;
 }
 

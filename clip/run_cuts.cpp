@@ -36,33 +36,25 @@ struct RunEdge {
   FenceVertex start, end;
 };
 
-LinePoint place_on_run(const Run& run, int edge, const Meeting& m) {
-  const LinePoint &a = run[edge], &b = run[edge + 1];
-  const double u = m.subject_param;
-  const FenceVertex* v = m.fence_vertex;
-  return {v != nullptr ? v->x : a.x + u * (b.x - a.x), v != nullptr ? v->y : a.y + u * (b.y - a.y),
-          a.z + u * (b.z - a.z)};
-}
-
 // Adds the cut of the run's edge f by the fence's edge e, if they meet.
-void cut_edge(const Run& run, int f, FenceVertex& e, int fence_edge, int number, CutList& cuts) {
+void cut_edge(const Run& run, int f, FenceVertex& e, int fence_edge, CutList& cuts) {
   RunEdge edge(run[f], run[f + 1]);
   const Meeting m = meet(e, edge.start);
   if (!m.found()) return;
   const bool at_vertex = m.subject_vertex != nullptr;
   const int place = m.subject_vertex == &edge.end ? f + 1 : f;
   const bool inside_edge = m.fence_vertex == nullptr;
-  cuts.add({place, at_vertex ? 0.0 : m.subject_param, inside_edge ? &e : m.fence_vertex, inside_edge, false, number,
-            fence_edge, at_vertex ? run[place] : place_on_run(run, f, m)});
+  cuts.add({at_vertex ? 0.0 : m.subject_param, inside_edge ? &e : m.fence_vertex, place, fence_edge,
+            inside_edge, false});
 }
 
-Cuts find_cuts(const Run& run, FencePolygon& fence, int number) {
+Cuts find_cuts(const Run& run, FencePolygon& fence) {
   CutList cuts;
   const PolygonIndex* index = run.edges != nullptr ? fence_index(fence) : nullptr;
   if (index != nullptr) {
     for_each_near_pair(*run.edges, index->edges, [&](int f, int e) {
       cuts.start_edge(f);
-      cut_edge(run, f, index->vertex(e), e, number, cuts);
+      cut_edge(run, f, index->vertex(e), e, cuts);
     });
     return cuts.take();
   }
@@ -72,7 +64,7 @@ Cuts find_cuts(const Run& run, FencePolygon& fence, int number) {
     int e = 0;
     for_each_vertex(fence.first, [&](FenceVertex& edge) {
       const Box other = {edge.extent.xmin, edge.extent.ymin, edge.extent.xmax, edge.extent.ymax};
-      if (overlap(box, other)) cut_edge(run, f, edge, e, number, cuts);
+      if (overlap(box, other)) cut_edge(run, f, edge, e, cuts);
       ++e;
     });
   }
@@ -98,8 +90,8 @@ Side side_at_cut(Direction d, const Cut& cut, bool clockwise) {
 Witness witness_between(const Run& run, const Cut* from, const Cut* to, const FencePolygon& fence) {
   Witness witness(fence.first);
   int i = from != nullptr ? from->edge : 0;
-  double x = from != nullptr ? from->point.x : run[0].x;
-  double y = from != nullptr ? from->point.y : run[0].y;
+  const LinePoint start = from != nullptr ? point_of(*from, run) : run[0];
+  double x = start.x, y = start.y;
   const int last = to != nullptr ? to->edge : run.edge_count();
   while (i != last) {
     ++i;
@@ -107,7 +99,10 @@ Witness witness_between(const Run& run, const Cut* from, const Cut* to, const Fe
     x = run[i].x;
     y = run[i].y;
   }
-  if (to != nullptr) witness.add_stretch(x, y, to->point.x, to->point.y);
+  if (to != nullptr) {
+    const LinePoint end = point_of(*to, run);
+    witness.add_stretch(x, y, end.x, end.y);
+  }
   return witness;
 }
 
@@ -136,8 +131,17 @@ bool lies_inside(const Run& run, FencePolygon& fence) {
 
 }  // namespace
 
-Cuts cut_run_at(const Run& run, FencePolygon& fence, int number, bool& inside_at_start) {
-  Cuts cuts = find_cuts(run, fence, number);
+LinePoint point_of(const Cut& cut, const Run& run) {
+  const LinePoint& a = run[cut.edge];
+  if (cut.param == 0.0) return a;
+  const LinePoint& b = run[cut.edge + 1];
+  const double u = cut.param, z = a.z + u * (b.z - a.z);
+  if (!cut.inside_edge) return {cut.fence->x, cut.fence->y, z};
+  return {a.x + u * (b.x - a.x), a.y + u * (b.y - a.y), z};
+}
+
+Cuts cut_run_at(const Run& run, FencePolygon& fence, bool& inside_at_start) {
+  Cuts cuts = find_cuts(run, fence);
   if (cuts.empty()) {
     inside_at_start = lies_inside(run, fence);
     return cuts;

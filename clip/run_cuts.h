@@ -25,22 +25,23 @@ struct Run {
   const LinePoint& operator[](int i) const { return points[static_cast<std::size_t>(i)]; }
 };
 
-// A place on a run where it meets a fence polygon.
+// A place on a run where it meets a fence polygon. Small, because a hatch may have millions of them.
 struct Cut {
-  int edge;                  // the number of the run's edge
-  double param;              // the place on it; 0 at its start, where the whole cut is that point
+  double param;              // the place on the run's edge; 0 at its start, where the whole cut is that point
   const FenceVertex* fence;  // the fence's vertex here, or the start of its edge when it is cut inside
-  bool inside_edge;          // which of the two
-  bool inside_after;         // whether the run lies inside that polygon (or along its edge) behind the cut
-  int number;                // of the fence polygon
+  int edge;                  // the number of the run's edge
   int fence_edge;            // the number of the fence edge that reported the cut
-  LinePoint point;
+  bool inside_edge;          // whether a fence edge is cut inside
+  bool inside_after;         // whether the run lies inside that polygon (or along its edge) behind the cut
 };
 using Cuts = platform::CapiVector<Cut>;
 
+// Where it is; with the run's interpolated z.
+LinePoint point_of(const Cut& cut, const Run& run);
+
 // The cuts of a run with one fence polygon, in the order of the run, each place once.
 // `inside_at_start` receives whether the run starts inside the polygon. Throws std::bad_alloc.
-Cuts cut_run_at(const Run& run, FencePolygon& fence, int number, bool& inside_at_start);
+Cuts cut_run_at(const Run& run, FencePolygon& fence, bool& inside_at_start);
 
 }  // namespace Corvane::Print::clip
 

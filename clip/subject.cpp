@@ -10,6 +10,7 @@
 #include "clip/ring.h"
 #include "clip/subject_ring.h"
 
+#include <cmath>
 #include <new>
 #include <utility>
 
@@ -125,6 +126,7 @@ void Subject::add_polygon(FenceVertex* ring, int dim) {
   polygon->first = ring;
   polygon->dim = dim;
   polygon->clockwise = 1;
+  polygon->area = std::fabs(shoelace_sum(ring)) / 2.0;
   prepare_ring(*polygon);
   const DepthRange depth = depth_of(ring);
   polygon->extent.zmin = depth.low;
@@ -134,10 +136,11 @@ void Subject::add_polygon(FenceVertex* ring, int dim) {
 }
 
 void Subject::add_polygon(RingPoints ring, int dim) {
-  drop_repeated_points(ring);
   FencePolygon* polygon = or_throw(take_header());
   polygon->dim = dim;
   polygon->clockwise = 1;
+  polygon->area = std::fabs(shoelace_sum(ring)) / 2.0;
+  drop_repeated_points(ring);
   polygon->extent = extent_of(ring);
   polygons_.push_back(polygon);
   polygon->probe = or_throw(take_probe(polygon->extent));

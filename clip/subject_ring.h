@@ -2,8 +2,8 @@
 // Copyright (c) 2026 The Corvane Print authors
 //
 // The ring of an indexed subject. Only vertices that a fence comes near have records; what lies between them
-// is a stretch of the index's points, for which one record stands (marker kStretch). A stretch has no edge data
-// and no links, and nothing is inserted on the edges to, within and from it.
+// is a stretch of the index's points, for which one record stands (marker kStretch). A stretch has no edge
+// data and no links, and nothing is inserted on the edges to, within and from it.
 //
 //   v3 --> v4 --> stretch of 5 to 98 --> v99 --> v100 ...
 //
@@ -30,8 +30,8 @@ void restart_ring(FencePolygon& subject);
 // The vertex with this number, with its edge data, its edge and its successor.
 FenceVertex& vertex_with_edge(PolygonIndex& index, int number);
 
-// Closes the ring: neighbours of the vertices that have records get theirs, as far as directions are asked for
-// there, and stretches stand for the rest. Once, when all that a fence comes near has a record.
+// Closes the ring: neighbours of the vertices that have records get theirs, as far as directions are asked
+// for there, and stretches stand for the rest. Once, when all that a fence comes near has a record.
 void close_subject_ring(FencePolygon& subject);
 
 // Replaces the stretches by vertices, for the rare questions that need all of them. Nothing happens to a ring
