@@ -48,16 +48,30 @@ double z_on(const FenceVertex& edge, double param) {
   return edge.z + param * (edge.next->z - edge.z);
 }
 
+// An inserted vertex with what it is ordered by, so that sorting does not have to look at the records.
+struct Insertion {
+  const FenceVertex* edge;
+  double param;
+  FenceVertex* vertex;
+};
+
 // Leads the working successors through the inserted vertices: by edge, along the edge, and where two have the
 // same place in the order in which they were found.
 void thread(VertexList& inserted) {
-  std::stable_sort(inserted.begin(), inserted.end(), [](const FenceVertex* a, const FenceVertex* b) {
-    if (a->prev != b->prev) return std::less<>{}(a->prev, b->prev);
-    return a->param < b->param;
-  });
+  platform::CapiVector<Insertion> order;
+  order.reserve(inserted.size());
+  for (FenceVertex* v : inserted) order.push_back({v->prev, v->param, v});
+  const auto comes_before = [](const Insertion& a, const Insertion& b) {
+    if (a.edge != b.edge) return std::less<>{}(a.edge, b.edge);
+    return a.param < b.param;
+  };
+  if (!std::is_sorted(order.begin(), order.end(), comes_before)) {
+    std::stable_sort(order.begin(), order.end(), comes_before);
+  }
   const FenceVertex* edge = nullptr;
   FenceVertex* last = nullptr;
-  for (FenceVertex* v : inserted) {
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    FenceVertex* v = inserted[i] = order[i].vertex;
     if (v->prev != edge) last = v->prev;
     edge = v->prev;
     last->next2 = v;
