@@ -7,16 +7,13 @@
 #ifndef CORVANE_PRINT_CLIP_EDGE_INDEX_H
 #define CORVANE_PRINT_CLIP_EDGE_INDEX_H
 
+#include "clip/box_vector.h"
 #include "clip/polyline.h"
 #include "platform/capi_memory.h"
 
 #include <cstddef>
 
 namespace Corvane::Print::clip {
-
-struct Box {
-  double xmin, ymin, xmax, ymax;
-};
 
 class EdgeIndex {
 public:
