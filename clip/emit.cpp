@@ -11,17 +11,47 @@
 
 #include "clip/links.h"
 #include "clip/ring.h"
+#include "clip/subject_ring.h"
+
+#include <algorithm>
 
 namespace Corvane::Print::clip {
 namespace {
 
-// Writes one piece and returns the steps it took.
-long long emit_piece(FenceVertex* start, long long most_steps, PieceSink& sink) {
+FenceVertex* turn_at(FenceVertex& crossing, bool& on_subject) {
+  crossing.marker2 |= kVisited;
+  crossing.partner->marker2 |= kVisited;
+  on_subject = !on_subject;
+  return crossing.partner;
+}
+
+// Writes at most so many points of a stretch and returns how many.
+long long emit_stretch(const FenceVertex& stretch, const PolygonIndex& index, long long most,
+                       PieceSink& sink) {
+  long long written = 0;
+  const StretchPoints points = points_of_stretch(stretch, index);
+  for (const std::span<const LinePoint> row : {points.first, points.then}) {
+    const auto room = static_cast<unsigned long long>(most - written);
+    const std::size_t count = std::min<unsigned long long>(row.size(), room);
+    sink.points(row.first(count));
+    written += static_cast<long long>(count);
+  }
+  return written;
+}
+
+// Writes one piece and returns the steps it took. `index`: of the subject.
+long long emit_piece(FenceVertex* start, const PolygonIndex* index, long long most_steps, PieceSink& sink) {
   long long steps = 0;
   bool on_subject = true;
   FenceVertex* v = start;
   sink.begin_piece();
   do {
+    if (v->marker == kStretch) {
+      steps += emit_stretch(*v, *index, most_steps - steps, sink);
+      v = v->next;
+      if ((v->marker2 & kCrossing) != 0) v = turn_at(*v, on_subject);
+      continue;
+    }
     // Where the rings are linked the subject's own point and z are written.
     const FenceVertex& place = !on_subject && v->partner != nullptr ? *v->partner : *v;
     if ((v->marker2 & kCrossing) != 0 || v->marker == kOriginal) {
@@ -31,12 +61,7 @@ long long emit_piece(FenceVertex* start, long long most_steps, PieceSink& sink) 
     }
     ++steps;
     v = v->next2;
-    if ((v->marker2 & kCrossing) != 0) {
-      v->marker2 |= kVisited;
-      v->partner->marker2 |= kVisited;
-      v = v->partner;
-      on_subject = !on_subject;
-    }
+    if ((v->marker2 & kCrossing) != 0) v = turn_at(*v, on_subject);
   } while (v != start && steps < most_steps);
   sink.end_piece();
   return steps;
@@ -46,6 +71,10 @@ long long emit_piece(FenceVertex* start, long long most_steps, PieceSink& sink) 
 
 void emit_ring(const FencePolygon& ring, PieceSink& sink) {
   sink.begin_piece();
+  if (const PolygonIndex* index = index_of(ring)) {
+    sink.points({index->points.data(), static_cast<std::size_t>(index->count())});
+    return sink.end_piece();
+  }
   for_each_vertex(ring.first, [&](const FenceVertex& v) { sink.point(v.x, v.y, v.z); });
   sink.end_piece();
 }
@@ -54,7 +83,7 @@ void emit_pieces(const FencePolygon& subject, long long most_steps, PieceSink& s
   FenceVertex* v = subject.start;
   do {
     const bool enters = (v->marker2 & kEntry) != 0 && (v->marker2 & kVisited) == 0;
-    if (enters && most_steps > 0) most_steps -= emit_piece(v, most_steps, sink);
+    if (enters && most_steps > 0) most_steps -= emit_piece(v, index_of(subject), most_steps, sink);
     v = v->next2;
   } while (v != subject.start);
 }

@@ -8,6 +8,7 @@
 
 #include "clip/line_general.h"
 #include "clip/node_pool.h"
+#include "clip/polygon_index.h"
 #include "clip/probe.h"
 #include "clip/ring.h"
 #include "platform/capi_memory.h"
@@ -122,7 +123,10 @@ FencePolygon* build_fence(int dim, int num_polys, const int* counts, const doubl
 }
 
 void release_fence(FencePolygon* fence) {
-  for (FencePolygon* p = fence; p != nullptr; p = p->nextPoly) give_probe(p->probe);
+  for (FencePolygon* p = fence; p != nullptr; p = p->nextPoly) {
+    give_probe(p->probe);
+    release_index(*p);
+  }
   platform::capi_free(fence);
 }
 

@@ -6,6 +6,7 @@
 #include "clip/keep.h"
 #include "clip/links.h"
 #include "clip/ring.h"
+#include "clip/subject_ring.h"
 #include "clip/verdict.h"
 
 namespace Corvane::Print::clip {
@@ -13,19 +14,18 @@ namespace {
 
 void keep_inside_polygon(FencePolygon& fence, FencePolygon& subject, long long fence_points,
                          ClipExtent& limit, PieceSink& sink) {
-  reset_ring(subject);
-  reset_ring(fence);
+  restart_ring(subject);
   RingLinker linker(subject, limit);
   linker.link_with(fence, 0);
   linker.finish();
   const VertexList linked = linked_vertices(subject);
-  if (mark_crossings(linked, fence) > 0) {
+  if (mark_crossings(linked, subject, fence) > 0) {
     subject.start = walk_start(subject, fence);
     emit_pieces(subject, fence_points + subject.vertexCount + 2LL * linker.links(), sink);
   } else if (subject_lies_inside(subject, linked, fence)) {
     fence.overlap = kSubjectInside;
     emit_ring(subject, sink);
-  } else if (fence_lies_inside(fence, subject)) {
+  } else if (fence_lies_inside(fence, linked, subject)) {
     fence.overlap = kFenceInside;
     emit_ring(fence, sink);
   }

@@ -12,6 +12,7 @@
 #include "clip/ring.h"
 #include "clip/simple_loops.h"
 #include "clip/subject.h"
+#include "clip/subject_ring.h"
 #include "clip/verdict.h"
 
 namespace Corvane::Print::clip {
@@ -38,11 +39,8 @@ bool link_all(const FenceRange& fence, FencePolygon& subject, RingLinker& linker
   for (FencePolygon* f = fence.first; f != fence.end; f = f->nextPoly) {
     f->overlap = overlap_xy(f->extent, subject.extent) ? kOverlapping : kApart;
   }
-  reset_ring(subject);
-  for_each_overlapping(fence, [&](FencePolygon& f, int number) {
-    reset_ring(f);
-    linker.link_with(f, number);
-  });
+  restart_ring(subject);
+  for_each_overlapping(fence, [&](FencePolygon& f, int number) { linker.link_with(f, number); });
   linker.finish();
   return !linker.contested();
 }
@@ -61,12 +59,12 @@ int mark_all(const FenceRange& fence, FencePolygon& subject) {
   int crossings = 0;
   for_each_overlapping(fence, [&](FencePolygon& f, int number) {
     const auto with_f = links_with(linked, number, from);
-    const int crossings_with_f = mark_crossings(with_f, f);
+    const int crossings_with_f = mark_crossings(with_f, subject, f);
     crossings += crossings_with_f;
     if (crossings_with_f > 0) return;
     if (subject_lies_inside(subject, with_f, f)) {
       f.overlap = kSubjectInside;
-    } else if (fence_lies_inside(f, subject)) {
+    } else if (fence_lies_inside(f, with_f, subject)) {
       f.overlap = kFenceInside;
     }
   });
@@ -119,7 +117,7 @@ void take_off_one(FencePolygon& f, long long total_points, FencePolygon& subject
 
 // Takes the fence polygons off one after the other: what is left of one round is the next round's subject.
 void take_off_in_turn(const FenceRange& fence, FencePolygon& subject, ClipExtent& limit, PieceSink& sink) {
-  Subject pieces;
+  Subject pieces(index_of(subject) != nullptr ? Form::kIndexed : Form::kPlain);
   platform::CapiVector<FencePolygon*> rest{&subject};
   platform::CapiVector<const FencePolygon*> holes;
   for (FencePolygon* f = fence.first; f != fence.end; f = f->nextPoly) {
@@ -142,7 +140,10 @@ void take_off_in_turn(const FenceRange& fence, FencePolygon& subject, ClipExtent
 void keep_outside(FencePolygon& fence, FencePolygon& subject, ClipExtent& limit, PieceSink& sink) {
   const FenceRange all{&fence, nullptr, fence.totalPoints};
   RingLinker linker(subject, limit);
-  if (!link_all(all, subject, linker)) return take_off_in_turn(all, subject, limit, sink);
+  if (!link_all(all, subject, linker)) {
+    linker.release_fence_rings();
+    return take_off_in_turn(all, subject, limit, sink);
+  }
   emit_outlines(all, subject, linker.links(), sink);
   if (!one_holds_the_subject(all)) emit_holes(all, sink);
 }

@@ -17,7 +17,9 @@
 
 #include "clip/candidates.h"
 #include "clip/node_pool.h"
+#include "clip/pair_search.h"
 #include "clip/ring.h"
+#include "clip/subject_ring.h"
 
 #include <algorithm>
 #include <functional>
@@ -46,16 +48,30 @@ double z_on(const FenceVertex& edge, double param) {
   return edge.z + param * (edge.next->z - edge.z);
 }
 
+// An inserted vertex with what it is ordered by, so that sorting does not have to look at the records.
+struct Insertion {
+  const FenceVertex* edge;
+  double param;
+  FenceVertex* vertex;
+};
+
 // Leads the working successors through the inserted vertices: by edge, along the edge, and where two have the
 // same place in the order in which they were found.
 void thread(VertexList& inserted) {
-  std::stable_sort(inserted.begin(), inserted.end(), [](const FenceVertex* a, const FenceVertex* b) {
-    if (a->prev != b->prev) return std::less<>{}(a->prev, b->prev);
-    return a->param < b->param;
-  });
+  platform::CapiVector<Insertion> order;
+  order.reserve(inserted.size());
+  for (FenceVertex* v : inserted) order.push_back({v->prev, v->param, v});
+  const auto comes_before = [](const Insertion& a, const Insertion& b) {
+    if (a.edge != b.edge) return std::less<>{}(a.edge, b.edge);
+    return a.param < b.param;
+  };
+  if (!std::is_sorted(order.begin(), order.end(), comes_before)) {
+    std::stable_sort(order.begin(), order.end(), comes_before);
+  }
   const FenceVertex* edge = nullptr;
   FenceVertex* last = nullptr;
-  for (FenceVertex* v : inserted) {
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    FenceVertex* v = inserted[i] = order[i].vertex;
     if (v->prev != edge) last = v->prev;
     edge = v->prev;
     last->next2 = v;
@@ -70,12 +86,16 @@ bool share_an_edge(const FenceVertex* from, const FenceVertex* to) {
   return from->next2 == to && (other_from->next2 == other_to || other_to->next2 == other_from);
 }
 
-Side side_of_part(const FenceVertex* from, const FenceVertex* to, const FenceVertex* other, bool clockwise) {
+// The part of `ring` from one link with `other` to the next.
+Side side_of_part(FencePolygon& ring, const FenceVertex* from, const FenceVertex* to, FencePolygon& other,
+                  bool clockwise) {
   const Side side = agreed_side(side_of(leaving(*from), *from->partner, clockwise),
                                 side_of(arriving(*to).reversed(), *to->partner, clockwise));
   const bool settled = side == Side::kAlong ? share_an_edge(from, to) : side != Side::kUnknown;
   if (settled) return side;
-  Witness witness(other);
+  complete_ring(ring);
+  complete_ring(other);
+  Witness witness(other.first);
   const FenceVertex* v = from;
   do {
     witness.add_stretch(v->x, v->y, v->next2->x, v->next2->y);
@@ -92,6 +112,7 @@ void mark_pair(FenceVertex& on_subject, int bits) {
 }  // namespace
 
 void RingLinker::pair(FenceVertex& on_fence, FenceVertex& on_subject, int number) {
+  changed_on_fence_.push_back(on_fence.marker == kInserted ? on_fence.prev : &on_fence);
   on_fence.partner = &on_subject;
   on_subject.partner = &on_fence;
   on_fence.marker2 = on_subject.marker2 = number << kFenceShift;
@@ -124,17 +145,68 @@ void RingLinker::connect(const Meeting& m, FenceVertex& e, FenceVertex& f, int n
   pair(*on_fence, *on_subject, number);
 }
 
-void RingLinker::link_with(FencePolygon& fence, int number) {
-  new_on_fence_.clear();
+void RingLinker::link_records(FencePolygon& fence, int number) {
   for_each_candidate({fence.first, fence.vertexCount}, {subject_.first, subject_.vertexCount},
                      [&](FenceVertex& e, FenceVertex& f) {
                        const Meeting m = meet(e, f);
                        if (m.found()) connect(m, e, f, number);
                      });
+}
+
+// The subject's edge number f gets its records only when it meets the fence's edge e.
+void RingLinker::link_with_edge(FenceVertex& e, PolygonIndex& subject, int f, int number) {
+  const LinePoint& start = subject.points[static_cast<std::size_t>(f)];
+  const LinePoint& end = subject.points[static_cast<std::size_t>(f) + 1];
+  FenceVertex from, to;
+  from.x = start.x;
+  from.y = start.y;
+  from.dx = end.x - start.x;
+  from.dy = end.y - start.y;
+  from.tolerance = edge_tolerance(from.dx, from.dy);
+  from.next = &to;
+  Meeting m = meet(e, from);
+  if (!m.found()) return;
+  FenceVertex& edge = vertex_with_edge(subject, f);
+  if (m.subject_vertex != nullptr) m.subject_vertex = m.subject_vertex == &from ? &edge : edge.next;
+  connect(m, e, edge, number);
+}
+
+void RingLinker::link_indexed(FencePolygon& fence, PolygonIndex& subject, int number) {
+  if (const PolygonIndex* index = fence_index(fence)) {
+    for_each_near_pair(index->edges, subject.edges,
+                       [&](int e, int f) { link_with_edge(index->vertex(e), subject, f, number); });
+    return;
+  }
+  for_each_vertex(fence.first, [&](FenceVertex& e) {
+    const Box box = {e.extent.xmin, e.extent.ymin, e.extent.xmax, e.extent.ymax};
+    const LinePoint* points = subject.points.data();
+    for (int f = 0; f < subject.count(); ++f) {
+      if (overlap(box, box_of_edge(points[f], points[f + 1]))) link_with_edge(e, subject, f, number);
+    }
+  });
+}
+
+void RingLinker::link_with(FencePolygon& fence, int number) {
+  new_on_fence_.clear();
+  if (PolygonIndex* subject = index_of(subject_)) {
+    link_indexed(fence, *subject, number);
+  } else {
+    link_records(fence, number);
+  }
   thread(new_on_fence_);
 }
 
+void RingLinker::release_fence_rings() {
+  for (FenceVertex* v : changed_on_fence_) {
+    v->next2 = v->next;
+    v->marker2 = 0;
+    v->partner = nullptr;
+  }
+  changed_on_fence_.clear();
+}
+
 void RingLinker::finish() {
+  if (index_of(subject_) != nullptr) close_subject_ring(subject_);
   thread(new_on_subject_);
   for (std::size_t i = 0; i + 1 < new_on_subject_.size(); ++i) {
     const FenceVertex &a = *new_on_subject_[i], &b = *new_on_subject_[i + 1];
@@ -161,22 +233,23 @@ VertexList linked_vertices_by_fence(FencePolygon& ring) {
   return linked;
 }
 
-Side side_of_ring(std::span<FenceVertex* const> linked, const FenceVertex* other, bool other_clockwise) {
+Side side_of_ring(std::span<FenceVertex* const> linked, FencePolygon& ring, FencePolygon& other,
+                  bool other_clockwise) {
   Side side = Side::kUnknown;
   for (std::size_t i = 0; i < linked.size(); ++i) {
-    side = side_of_part(linked[i], linked[(i + 1) % linked.size()], other, other_clockwise);
+    side = side_of_part(ring, linked[i], linked[(i + 1) % linked.size()], other, other_clockwise);
     if (side != Side::kAlong) break;
   }
   return side;
 }
 
-int mark_crossings(std::span<FenceVertex* const> linked, const FencePolygon& fence) {
+int mark_crossings(std::span<FenceVertex* const> linked, FencePolygon& subject, FencePolygon& fence) {
   const std::size_t n = linked.size();
   const bool clockwise = fence.mode != CL_KEEP_OUTSIDE;
   const Side kept = fence.mode == CL_KEEP_OUTSIDE ? Side::kOutside : Side::kInside;
   platform::CapiVector<Side> sides(n);
   for (std::size_t i = 0; i < n; ++i) {
-    sides[i] = side_of_part(linked[i], linked[(i + 1) % n], fence.first, clockwise);
+    sides[i] = side_of_part(subject, linked[i], linked[(i + 1) % n], fence, clockwise);
   }
   const auto decided = [](Side s) { return s != Side::kAlong; };
   const auto last = std::find_if(sides.rbegin(), sides.rend(), decided);

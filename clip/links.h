@@ -21,14 +21,18 @@ enum LinkMarker { kCrossing = 1, kEntry = 2, kVisited = 4, kFenceShift = 3 };
 
 using VertexList = platform::CapiVector<FenceVertex*>;
 
-// Links one subject ring with any number of fence rings. All rings must have been reset.
-// Throws std::bad_alloc.
+// Links one subject ring with any number of fence rings, and takes the links off the fence again when it
+// goes. The subject must have been reset. Throws std::bad_alloc.
 class RingLinker {
 public:
   // `limit` grows with every linked vertex: snapping may leave one a hair outside the subject.
   RingLinker(FencePolygon& subject, ClipExtent& limit) : subject_(subject), limit_(limit) {}
+  ~RingLinker() { release_fence_rings(); }
+  RingLinker(const RingLinker&) = delete;
+  RingLinker& operator=(const RingLinker&) = delete;
 
-  // Finds where the subject meets this fence polygon and puts the new vertices into the fence's ring.
+  // Finds where the subject meets this fence polygon and puts the new vertices into the fence's ring, which
+  // must be free of links.
   void link_with(FencePolygon& fence, int number);
 
   // Puts the new vertices into the subject's ring; once, after the last fence polygon.
@@ -40,7 +44,14 @@ public:
   // Whether two fence polygons meet the subject at one place; known after finish().
   bool contested() const { return contested_; }
 
+  // Leaves the fence's rings as they were, at the cost of the links alone: a small subject does not pay for a
+  // large fence.
+  void release_fence_rings();
+
 private:
+  void link_records(FencePolygon& fence, int number);
+  void link_indexed(FencePolygon& fence, PolygonIndex& subject, int number);
+  void link_with_edge(FenceVertex& e, PolygonIndex& subject, int f, int number);
   void connect(const Meeting& m, FenceVertex& e, FenceVertex& f, int number);
   void pair(FenceVertex& on_fence, FenceVertex& on_subject, int number);
 
@@ -48,6 +59,7 @@ private:
   ClipExtent& limit_;
   VertexList new_on_subject_;
   VertexList new_on_fence_;
+  VertexList changed_on_fence_;  // original vertices that are linked, or with a new one on their edge
   int links_ = 0;
   bool contested_ = false;
 };
@@ -62,14 +74,15 @@ inline int linked_fence(const FenceVertex& v) {
 }
 
 // What the links of one ring to another say: `linked` are vertices of the one, in order, all linked with the
-// ring through `other`.
+// other.
 // The side of the other ring on which the one lies, where it does not cross it: unknown without links, along
 // when the rings are the same.
-Side side_of_ring(std::span<FenceVertex* const> linked, const FenceVertex* other, bool other_clockwise);
+Side side_of_ring(std::span<FenceVertex* const> linked, FencePolygon& ring, FencePolygon& other,
+                  bool other_clockwise);
 
 // Marks the crossings among the links of the subject with one fence polygon, on both rings, and those of them
 // where the subject enters the kept side. Returns how many there are.
-int mark_crossings(std::span<FenceVertex* const> linked, const FencePolygon& fence);
+int mark_crossings(std::span<FenceVertex* const> linked, FencePolygon& subject, FencePolygon& fence);
 
 }  // namespace Corvane::Print::clip
 

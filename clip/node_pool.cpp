@@ -84,9 +84,9 @@ bool restart_overflow() {
 // Pinned by NodePool.AHeaderNeverTakesTheLastSlot.
 FencePolygon* take_header() {
   if (CurIdx + 1 >= current_capacity() && !switch_to_next_buffer()) return nullptr;
-  FencePolygon* header = &NodeMemory[CurIdx++].polygon;
-  *header = FencePolygon{};
-  return header;
+  HeaderNode* header = &NodeMemory[CurIdx++].header;
+  *header = HeaderNode{};
+  return &header->polygon;
 }
 
 FenceVertex* take_vertex() {

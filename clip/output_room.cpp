@@ -57,6 +57,23 @@ void OutputRoom::point(double x, double y, double z) {
   grow_extent(x, y);
 }
 
+// As if point() were called for each of them.
+void OutputRoom::points(std::span<const LinePoint> row) {
+  if (piece_fits() && point_fits() && !row.empty()) {
+    const std::int64_t room = usable_points_ - points_counted_;
+    const std::size_t count = static_cast<std::size_t>(std::min<std::int64_t>(room, std::ssize(row)));
+    double* at = points_ + static_cast<std::size_t>(points_counted_) * static_cast<std::size_t>(dim_);
+    for (const LinePoint& p : row.first(count)) {
+      at[0] = p.x;
+      at[1] = p.y;
+      at[2] = p.z;
+      at += dim_;
+    }
+  }
+  points_counted_ += std::ssize(row);
+  for (const LinePoint& p : row) grow_extent(p.x, p.y);
+}
+
 void OutputRoom::end_piece() {
   if (piece_fits()) counts_[pieces_counted_] = saturated(points_counted_ - piece_start_);
   ++pieces_counted_;

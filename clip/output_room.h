@@ -29,6 +29,7 @@ public:
 
   void begin_piece() override;
   void point(double x, double y, double z) override;
+  void points(std::span<const LinePoint> row) override;
   void end_piece() override;
 
   // Whether the room of either kind ran out.

@@ -8,6 +8,7 @@
 // No state of its own.
 #include "clip/polygon_clip.h"
 
+#include "clip/form.h"
 #include "clip/keep.h"
 #include "clip/output_room.h"
 #include "clip/point_count.h"
@@ -52,7 +53,7 @@ int clip_polygon(FencePolygon* fence, int dim, int num_points, const double* poi
   if (fence == nullptr || (dim != 2 && dim != 3) || num_points == 0) return CL_BAD_ARGUMENT;
   if (!is_addressable(num_points, dim)) return CL_BAD_ARGUMENT;
   OutputRoom room(dim, *num_pieces, counts, out, *num_out);
-  Subject subject;
+  Subject subject(g_form);
   subject.build(*fence, dim, num_points, points);
   // What was inserted by snapping to the fence belongs to the subject's extent: its edges lead there.
   ClipExtent limit = empty_extent();

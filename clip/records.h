@@ -41,7 +41,7 @@ struct FenceVertex {
   double x, y, z, w;  // homogeneous; w is always 1
   double tolerance;   // of the edge to `next`, as a share of the edge
   double dx, dy;      // the edge to `next`; on an inserted vertex: the whole edge it was inserted on
-  double param;       // inserted vertex: its place on that edge, 0 to 1
+  double param;       // inserted vertex: its place on that edge, 0 to 1; indexed ring: a vertex's number
   int marker;         // VertexMarker
   int marker2;        // LinkMarker bits of the running clip; cleared by a reset
   FenceVertex* next;
@@ -76,15 +76,25 @@ struct FencePolygon {
 
 namespace Corvane::Print::clip {
 
-enum VertexMarker { kOriginal = 0, kInserted = 1 };
+enum VertexMarker { kOriginal = 0, kInserted = 1, kStretch = 2 };  // kStretch: see subject_ring.h
 enum ContainmentStatus { kNoVerdict = 0, kDropped = 1, kKept = 2 };
 enum OverlapState { kApart = 0, kOverlapping = 1, kSubjectInside = 2, kFenceInside = 3 };
+
+struct PolygonIndex;
+
+// A header in its node, and behind it what hosts do not know of.
+struct HeaderNode {
+  FencePolygon polygon;
+  PolygonIndex* index;
+};
 
 // One node of the pool, large enough for either record.
 union Cnode {
   FencePolygon polygon;
   FenceVertex vertex;
+  HeaderNode header;
 };
+static_assert(sizeof(Cnode) == sizeof(FenceVertex));
 
 static_assert(std::is_trivial_v<FenceVertex> && std::is_standard_layout_v<FenceVertex>);
 static_assert(std::is_trivial_v<FencePolygon> && std::is_standard_layout_v<FencePolygon>);

@@ -13,13 +13,6 @@
 namespace Corvane::Print::clip {
 namespace {
 
-// KEEP(repeated-points-z): x and y are compared with a tolerance and z exactly.
-// Looks wrong; steep lines in depth live on points that differ in z alone. Pinned by
-// Ring.PointsThatDifferInZAreTwoHoweverLittle.
-bool same_place(const FenceVertex& a, const FenceVertex& b) {
-  return std::fabs(b.x - a.x) < kSamePlace && std::fabs(b.y - a.y) < kSamePlace && a.z == b.z;
-}
-
 void link(FenceVertex* a, FenceVertex* b) {
   a->next = a->next2 = b;
   b->prev = a;

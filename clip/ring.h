@@ -6,6 +6,9 @@
 #define CORVANE_PRINT_CLIP_RING_H
 
 #include "clip/records.h"
+#include "clip/tolerances.h"
+
+#include <cmath>
 
 namespace Corvane::Print::clip {
 
@@ -26,6 +29,14 @@ void include_point(ClipExtent& extent, double x, double y);
 void include_extent(ClipExtent& extent, const ClipExtent& other);
 bool overlap_xy(const ClipExtent& a, const ClipExtent& b);
 bool within_xy(const ClipExtent& inner, const ClipExtent& outer);
+
+// KEEP(repeated-points-z): x and y are compared with a tolerance and z exactly.
+// Looks wrong; steep lines in depth live on points that differ in z alone. Pinned by
+// Ring.PointsThatDifferInZAreTwoHoweverLittle.
+template <class Point>
+bool same_place(const Point& a, const Point& b) {
+  return std::fabs(b.x - a.x) < kSamePlace && std::fabs(b.y - a.y) < kSamePlace && a.z == b.z;
+}
 
 // A ring of `count` >= 1 points, dim doubles each. Null when memory ran out.
 FenceVertex* build_ring(const double* points, int count, int dim);

@@ -74,9 +74,11 @@ Direction arriving(const FenceVertex& at) {
 }
 
 Side side_of(Direction d, const FenceVertex& at, bool clockwise) {
+  return side_of(d, leaving(at), arriving(at).reversed(), clockwise);
+}
+
+Side side_of(Direction d, Direction ahead, Direction back, bool clockwise) {
   if (!has_length(d)) return Side::kUnknown;
-  const Direction ahead = leaving(at);
-  const Direction back = arriving(at).reversed();
   if (runs_along(d, ahead) || runs_along(d, back)) return Side::kAlong;
   // The inside is to the right of a clockwise ring and to the left of the other.
   return clockwise ? within_turn(d, back, ahead) : within_turn(d, ahead, back);

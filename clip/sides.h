@@ -27,6 +27,9 @@ Direction arriving(const FenceVertex& v);
 // direction. Unknown for a direction of no length.
 Side side_of(Direction d, const FenceVertex& at, bool clockwise);
 
+// The same for a place of the ring that goes on in the direction `ahead` and came from where `back` points.
+Side side_of(Direction d, Direction ahead, Direction back, bool clockwise);
+
 // The side of a line between two links, from what is seen at its two ends; unknown when they disagree. A line
 // that only starts or ends along the ring is on the side where it goes.
 Side agreed_side(Side at_start, Side at_end);

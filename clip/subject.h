@@ -5,8 +5,10 @@
 #ifndef CORVANE_PRINT_CLIP_SUBJECT_H
 #define CORVANE_PRINT_CLIP_SUBJECT_H
 
+#include "clip/form.h"
 #include "clip/polyline.h"
 #include "clip/records.h"
+#include "clip/ring_points.h"
 #include "platform/capi_memory.h"
 
 namespace Corvane::Print::clip {
@@ -14,7 +16,7 @@ namespace Corvane::Print::clip {
 // The polygons that one subject turned into; gives their probe records back when it goes.
 class Subject {
 public:
-  Subject() = default;
+  explicit Subject(Form form = Form::kPlain) : form_(form) {}
   ~Subject();
   Subject(const Subject&) = delete;
   Subject& operator=(const Subject&) = delete;
@@ -31,8 +33,15 @@ public:
   bool empty() const { return polygons_.empty(); }
 
 private:
+  void build_records(const FencePolygon& fence, int dim, int count, const double* points);
+  void build_points(const FencePolygon& fence, int dim, int count, const double* points);
+  void add_parts(const FencePolygon& fence, int dim, FenceVertex* ring);
   void add_polygon(FenceVertex* ring, int dim);
+  void add_polygon(RingPoints ring, int dim);
+  static bool within_depth(const FencePolygon& fence, DepthRange depth);
+  static bool cuts_depth(const FencePolygon& fence, int dim);
 
+  Form form_;
   platform::CapiVector<FencePolygon*> polygons_;
 };
 

@@ -13,10 +13,10 @@
 namespace Corvane::Print::clip {
 
 // Whether the subject lies inside the fence polygon, or the other way round. `linked` are the subject's
-// vertices that are linked with it. The verdict is also stored on the ring it is about. The second throws
+// vertices that are linked with it. The verdict is also stored on the ring it is about. Both throw
 // std::bad_alloc.
 bool subject_lies_inside(FencePolygon& subject, std::span<FenceVertex* const> linked, FencePolygon& fence);
-bool fence_lies_inside(FencePolygon& fence, FencePolygon& subject);
+bool fence_lies_inside(FencePolygon& fence, std::span<FenceVertex* const> linked, FencePolygon& subject);
 
 // A vertex of the subject outside the fence polygon's extent where there is one, else one that is not linked,
 // so that the walk starts away from the fence's edge; else the first.

@@ -4,6 +4,7 @@
 // The intersection of two fences against its own recipe: copy the subject's polygons out, clip one after the
 // other, define a fence of what is left. And what happens when memory runs out on the way.
 #include "clip/clip_memory.h"
+#include "clip/polygon_index.h"
 #include "clip/records.h"
 #include "tests/clip/bits.h"
 #include "tests/clip/clip_state.h"
@@ -178,6 +179,7 @@ struct FailureCase {
 // Lets every request fail in turn, all later ones with it (or not), and looks at what is left each time.
 void fail_at_every_request(const FailureCase& c, long (*plan)(long)) {
   const FailurePlanEnds plan_ends;
+  ASSERT_NE(clip::fence_index(*c.clip.handle()), nullptr);  // what the first clip would leave with the fence
   const Rings clip_before = extract_polygons(c.clip, c.dim).rings;
   const Rings subject_before = extract_polygons(c.subject, c.dim).rings;
   const long blocks = blocks_in_use();

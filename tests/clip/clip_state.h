@@ -8,6 +8,7 @@
 #define CORVANE_PRINT_TESTS_CLIP_CLIP_STATE_H
 
 #include "clip/clip_memory.h"
+#include "clip/form.h"
 #include "clip/node_pool.h"
 #include "clip/probe.h"
 #include "platform/capi_memory.h"
@@ -22,6 +23,18 @@ struct FailurePlanEnds {
   ~FailurePlanEnds() { platform::capi_fail_after(-1); }
   FailurePlanEnds(const FailurePlanEnds&) = delete;
   FailurePlanEnds& operator=(const FailurePlanEnds&) = delete;
+};
+
+// The engine's form for as long as the guard lives.
+class InForm {
+public:
+  explicit InForm(clip::Form form) : before_(clip::g_form) { clip::g_form = form; }
+  ~InForm() { clip::g_form = before_; }
+  InForm(const InForm&) = delete;
+  InForm& operator=(const InForm&) = delete;
+
+private:
+  clip::Form before_;
 };
 
 // Holds all free probe records, so that each further one must come from the heap.

@@ -18,18 +18,14 @@ public:
         ring(build(subject_, fence, subject, dim)),
         limit(ring.extent),
         linker(ring, limit) {
-    clip::reset_ring(ring);
     int number = 0;
-    for (FencePolygon* f = fence.handle(); f != nullptr; f = f->nextPoly) {
-      clip::reset_ring(*f);
-      linker.link_with(*f, number++);
-    }
+    for (FencePolygon* f = fence.handle(); f != nullptr; f = f->nextPoly) linker.link_with(*f, number++);
     linker.finish();
     linked = clip::linked_vertices(ring);
   }
 
   // With the fence's first polygon, where it has only that one.
-  int crossings() { return clip::mark_crossings(linked, fence); }
+  int crossings() { return clip::mark_crossings(linked, ring, fence); }
   FenceVertex* at(double x, double y) { return vertex_at(ring, x, y); }
 
 private:

@@ -4,7 +4,7 @@
 // Where a run of a polyline meets one fence polygon, and on which side it runs in between.
 #include "clip/run_cuts.h"
 
-#include "clip/node_pool.h"
+#include "clip/ring.h"
 #include "tests/clip/engine.h"
 
 #include <gtest/gtest.h>
@@ -16,13 +16,15 @@ const Ring kSquare = {{0, 0}, {0, 10}, {10, 10}, {10, 0}};
 
 struct Result {
   clip::Cuts cuts;
+  std::vector<clip::LinePoint> places;
   bool inside_at_start = false;
 
   // The places, and whether the run is inside behind each of them.
   std::string text() const {
     std::string all = inside_at_start ? "in" : "out";
-    for (const clip::Cut& c : cuts) {
-      all += text_of(Ring{{c.point.x, c.point.y, c.point.z}}) + (c.inside_after ? "in" : "out");
+    for (std::size_t i = 0; i < cuts.size(); ++i) {
+      const clip::LinePoint& p = places[i];
+      all += text_of(Ring{{p.x, p.y, p.z}}) + (cuts[i].inside_after ? "in" : "out");
     }
     return all;
   }
@@ -32,35 +34,27 @@ Result cuts_of(const Ring& line, const Ring& fence_ring = kSquare) {
   Result result;
   for (const int mode : {CL_KEEP_OUTSIDE, CL_KEEP_INSIDE}) {
     const Fence fence({fence_ring}, mode);
-    EXPECT_TRUE(clip::restart_overflow());
-    std::vector<clip::LinePoint> points;
-    for (const Point& p : line) points.push_back({p.x, p.y, p.z});
-    const clip::Run run = clip::build_run(points.data(), points.size());
-    const std::string other_mode = result.text();
-    result.cuts = clip::cut_run_at(run, *fence.handle(), 7, result.inside_at_start);
-    for (clip::Cut& c : result.cuts) {
-      EXPECT_EQ(c.number, 7);
-      c.fence = nullptr;  // goes with the fence
+    platform::CapiVector<clip::LinePoint> points;
+    ClipExtent extent = clip::empty_extent();
+    for (const Point& p : line) {
+      points.push_back({p.x, p.y, p.z});
+      clip::include_point(extent, p.x, p.y);
     }
+    clip::EdgeIndex edges;
+    edges.build(points.data(), static_cast<int>(points.size()) - 1);
+    const std::string other_mode = result.text();
+    result.places.clear();
+    result.cuts = clip::cut_run_at({points, extent, &edges}, *fence.handle(), result.inside_at_start);
+    bool inside_without_index = false;
+    const clip::Run plain = {points, extent, nullptr};
+    EXPECT_EQ(clip::cut_run_at(plain, *fence.handle(), inside_without_index).size(), result.cuts.size());
+    EXPECT_EQ(inside_without_index, result.inside_at_start);
+    for (const clip::Cut& c : result.cuts) result.places.push_back(clip::point_of(c, plain));
     if (mode == CL_KEEP_INSIDE) {
       EXPECT_EQ(result.text(), other_mode);
     }
   }
   return result;
-}
-
-TEST(RunCuts, ARunIsARingOfVerticesWithItsEdgeData) {
-  ASSERT_TRUE(clip::restart_overflow());
-  const clip::LinePoint points[] = {{1, 2, 3}, {4, 6, 5}, {4, 6.5, 5}};
-  const clip::Run run = clip::build_run(points, 3);
-  EXPECT_EQ(run.count, 3);
-  EXPECT_EQ(run.first->dx, 3);
-  EXPECT_EQ(run.first->dy, 4);
-  EXPECT_EQ(run.first->tolerance, 1e-5 / 5);
-  EXPECT_EQ(run.first->next->tolerance, 1e-5);
-  EXPECT_EQ(run.first->prev->next, run.first);
-  EXPECT_EQ(run.extent.xmin, 1);
-  EXPECT_EQ(run.extent.ymax, 6.5);
 }
 
 TEST(RunCuts, CutsComeInTheOrderOfTheRun) {

@@ -25,7 +25,7 @@ Verdicts verdicts(const Ring& fence_ring, const Ring& subject, int mode) {
   Verdicts v{};
   v.subject_inside = clip::subject_lies_inside(l.ring, l.linked, l.fence);
   v.subject_status = l.ring.containment;
-  v.fence_inside = clip::fence_lies_inside(l.fence, l.ring);
+  v.fence_inside = clip::fence_lies_inside(l.fence, l.linked, l.ring);
   v.fence_status = l.fence.containment;
   v.subject_mode = l.ring.mode;
   return v;
