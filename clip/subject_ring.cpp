@@ -63,6 +63,18 @@ void make_directions(PolygonIndex& index, int number) {
   for (int i = 0; i < index.count() && !has_length(vertex_with_edge(index, n)); ++i) n = preceding(index, n);
 }
 
+// The numbers in ascending order: by looking through all vertices when a good part of them was made.
+void put_in_order(PolygonIndex& index) {
+  if (index.made.size() < index.vertices.size() / 16) {
+    std::sort(index.made.begin(), index.made.end());
+    return;
+  }
+  auto next = index.made.begin();
+  for (std::size_t i = 0; i < index.vertices.size(); ++i) {
+    if (index.vertices[i] != nullptr) *next++ = static_cast<int>(i);
+  }
+}
+
 void bridge(PolygonIndex& index, int from, int to) {
   const int next = following(index, from);
   if (next == to) {
@@ -110,7 +122,7 @@ void close_subject_ring(FencePolygon& subject) {
   PolygonIndex& index = *index_of(subject);
   const std::size_t touched = index.made.size();
   for (std::size_t i = 0; i < touched; ++i) make_directions(index, index.made[i]);
-  std::sort(index.made.begin(), index.made.end());
+  put_in_order(index);
   // Bridging makes no vertices any more.
   for (std::size_t i = 0; i + 1 < index.made.size(); ++i) bridge(index, index.made[i], index.made[i + 1]);
   bridge(index, index.made.back(), index.made.front());
