@@ -31,8 +31,7 @@ long long emit_stretch(const FenceVertex& stretch, const PolygonIndex& index, lo
   long long written = 0;
   const StretchPoints points = points_of_stretch(stretch, index);
   for (const std::span<const LinePoint> row : {points.first, points.then}) {
-    const auto room = static_cast<unsigned long long>(most - written);
-    const std::size_t count = std::min<unsigned long long>(row.size(), room);
+    const auto count = static_cast<std::size_t>(std::min(static_cast<long long>(row.size()), most - written));
     sink.points(row.first(count));
     written += static_cast<long long>(count);
   }

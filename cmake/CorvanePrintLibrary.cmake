@@ -22,6 +22,7 @@ if(WIN32)
   set_target_properties(corvane_print PROPERTIES PREFIX "" IMPORT_PREFIX "lib")
   # Without a marked export the linker would export everything; it shall never guess.
   target_link_options(corvane_print PRIVATE -Wl,--exclude-all-symbols)
+  include(cmake/CorvanePrintForeignHosts.cmake)
 else()
   # Hidden visibility does not cover instantiated templates of the standard library; the version script does.
   set(exports ${CMAKE_CURRENT_LIST_DIR}/corvane_print.map)

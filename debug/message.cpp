@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "corvane/print/db.h"
+#include "corvane/print/plain.h"
 #include "debug/router.h"
 
 namespace Corvane::Print {
@@ -75,3 +76,17 @@ int DBPAUSE(char* format, ...) {
 }
 
 }  // namespace Corvane::Print
+
+// The plain names. A function cannot hand on arguments of any number, so these are second names of the
+// functions above.
+namespace Corvane::Plain {
+
+int DBMSG(const char* format, ...) __attribute__((alias("_ZN7Corvane5Print5DBMSGEPKcz")));
+int DBERR(const char* format, ...) __attribute__((alias("_ZN7Corvane5Print5DBERREPKcz")));
+int DBATT(const char* format, ...) __attribute__((alias("_ZN7Corvane5Print5DBATTEPKcz")));
+int DBHMSG(const char* format, ...) __attribute__((alias("_ZN7Corvane5Print6DBHMSGEPKcz")));
+int DBCMSG(unsigned long code, char* format, ...) __attribute__((alias("_ZN7Corvane5Print6DBCMSGEmPcz")));
+int DBBMSG(unsigned long level, char* format, ...) __attribute__((alias("_ZN7Corvane5Print6DBBMSGEmPcz")));
+int DBPAUSE(char* format, ...) __attribute__((alias("_ZN7Corvane5Print7DBPAUSEEPcz")));
+
+}  // namespace Corvane::Plain

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "corvane/print/db.h"
+#include "corvane/print/plain.h"
 #include "debug/router.h"
 #include "platform/capi_block.h"
 
@@ -73,3 +74,11 @@ int DBLB(char* title, int count, ...) {
 }
 
 }  // namespace Corvane::Print
+
+// The plain names of functions with arguments of any number; see message.cpp.
+namespace Corvane::Plain {
+
+int DBINP(char* text1, char* text2, ...) __attribute__((alias("_ZN7Corvane5Print5DBINPEPcS1_z")));
+int DBLB(char* title, int count, ...) __attribute__((alias("_ZN7Corvane5Print4DBLBEPciz")));
+
+}  // namespace Corvane::Plain

@@ -74,6 +74,7 @@ run_part() {
 part_repository() {
   step repository layers "$root/tools/check-layers"
   step repository oddities "$root/tools/check-keep"
+  step repository names "$root/tools/make-names" --check
   step repository pages "$root/tools/make-docs" --check
 }
 
@@ -87,6 +88,8 @@ part_linux_x64() {
   step linux-x64 build configure_and_build linux-x64 || return
   step linux-x64 headers build_headers linux-x64
   step linux-x64 exports "$root/tools/check-exports" linux-x64 "$build/linux-x64/libcorvane_print.so"
+  step linux-x64 interface "$root/tools/check-abi" "$build/linux-x64/libcorvane_print.so"
+  step linux-x64 python "$root/tests/plain/python" "$build/linux-x64"
   step linux-x64 reference cmake --build "$build/linux-x64" --target corvane_print_docs
   step linux-x64 installation "$root/tests/install/run" linux-x64 "$build/linux-x64"
   step linux-x64 packages "$root/tests/install/packages" linux-x64 "$build/linux-x64"

@@ -5,32 +5,13 @@
 // does with the other families. There is no debug library.
 #include <gtest/gtest.h>
 
-#include "corvane/print/cf.h"
 #include "corvane/print/nativefilespec.h"
-
-// As a caller that finds them by name knows them; no header declares them.
-extern "C" {
-#if defined(_WIN32)
-#define PLAIN_IMPORT __declspec(dllimport)
-#else
-#define PLAIN_IMPORT
-#endif
-PLAIN_IMPORT void CORVANE_PRINT_CALL CFSetGetEnvVarCallback(Corvane::Print::CFGetEnvVarCallback callback);
-PLAIN_IMPORT CPWChar* CORVANE_PRINT_CALL CFGetenvW(const CPWChar* name);
-PLAIN_IMPORT void CORVANE_PRINT_CALL CFReleaseValue(void* value);
-PLAIN_IMPORT int CORVANE_PRINT_CALL DBMSGW(const CPWChar* format);
-PLAIN_IMPORT int CORVANE_PRINT_CALL DBERRW(const CPWChar* format);
-PLAIN_IMPORT int CORVANE_PRINT_CALL DBATTW(const CPWChar* format);
-PLAIN_IMPORT int CORVANE_PRINT_CALL DBHMSGW(const CPWChar* format);
-PLAIN_IMPORT int CORVANE_PRINT_CALL DbgTools_addDebugVar(const char* variableName);
-PLAIN_IMPORT int CORVANE_PRINT_CALL DbgTools_isDebugOnW(const CPWChar* flag);
-PLAIN_IMPORT int CORVANE_PRINT_CALL DbgTools_isDevDebugOnW(const CPWChar* flag);
-PLAIN_IMPORT int CORVANE_PRINT_CALL HostFile_nameW(const CPWChar* hfs, CPWChar* out, int capacity);
-}
+#include "corvane/print/plain.h"
 
 namespace {
 
 using Corvane::Print::NativeFileSpec;
+using namespace Corvane::Plain;
 
 const CPWChar kText[] = {'n', 'o', 'n', 'e', 0};
 
@@ -61,6 +42,7 @@ TEST(HostManaged, PlainNamesPrintNothingWithoutADebugLibrary) {
 
 TEST(HostManaged, PlainNamesAskForFlags) {
   EXPECT_EQ(DbgTools_addDebugVar("CORVANE_NO_SUCH_VARIABLE"), 1);
+  EXPECT_EQ(DbgTools_isFlagDefined("none"), 0);
   EXPECT_EQ(DbgTools_isDebugOnW(kText), 0);
   EXPECT_EQ(DbgTools_isDevDebugOnW(kText), 0);
 }

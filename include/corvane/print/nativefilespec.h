@@ -15,7 +15,9 @@
  *
  * Compilers: the structure holds standard strings, so a program may touch its members only when it was built
  * with the library's own compiler and runtime library. Everybody else asks NativeFileSpec_create for one and
- * goes through the functions at the end, which take plain C types.
+ * goes through the functions at the end, which take plain C types. For the same reason its members are the
+ * only functions of the library that the Windows DLLs do not also export under the names that the system's own
+ * compiler gives them.
  *
  * Threads: no shared state. One specification must not be changed while another thread uses it.
  *

@@ -2,12 +2,13 @@
 // Copyright (c) 2026 The Corvane Print authors
 //
 // The plain names where there is no debug library.
-#include "managed/native/plain_names.h"
+#include "corvane/print/plain.h"
 
 #include <gtest/gtest.h>
 
 #include <vector>
 
+#include "corvane/print/cf.h"
 #include "corvane/print/dbgtools.h"
 #include "platform/capi_memory.h"
 #include "platform/platform.h"
@@ -42,10 +43,10 @@ protected:
 
   static int add(std::u32string_view value) {
     const ScopedVariable variable(U"CORVANE_TEST_FLAGS", value);
-    return DbgTools_addDebugVar("CORVANE_TEST_FLAGS");
+    return Plain::DbgTools_addDebugVar("CORVANE_TEST_FLAGS");
   }
-  static int is_on(std::u32string_view flag) { return DbgTools_isDebugOnW(wide(flag).c_str()); }
-  static int is_dev_on(std::u32string_view flag) { return DbgTools_isDevDebugOnW(wide(flag).c_str()); }
+  static int is_on(std::u32string_view flag) { return Plain::DbgTools_isDebugOnW(wide(flag).c_str()); }
+  static int is_dev_on(std::u32string_view flag) { return Plain::DbgTools_isDevDebugOnW(wide(flag).c_str()); }
 
 private:
   DbgTools before_;
@@ -54,34 +55,34 @@ private:
 }  // namespace
 
 TEST(PlainNames, LookUpConfigurationVariables) {
-  ::CFSetGetEnvVarCallback(host_lookup);
-  CPWChar* const value = ::CFGetenvW(wide(U"PLOT_\u00c9").c_str());
-  EXPECT_EQ(::CFGetenvW(wide(U"PLOT_E").c_str()), nullptr);
-  EXPECT_EQ(::CFGetenvW(nullptr), nullptr);
+  Plain::CFSetGetEnvVarCallback(host_lookup);
+  CPWChar* const value = Plain::CFGetenvW(wide(U"PLOT_\u00c9").c_str());
+  EXPECT_EQ(Plain::CFGetenvW(wide(U"PLOT_E").c_str()), nullptr);
+  EXPECT_EQ(Plain::CFGetenvW(nullptr), nullptr);
   CPWChar* const same = Corvane::Print::CFGetenvW(wide(U"PLOT_\u00c9").c_str());
-  ::CFSetGetEnvVarCallback(nullptr);
+  Plain::CFSetGetEnvVarCallback(nullptr);
   ASSERT_NE(value, nullptr);
   ASSERT_NE(same, nullptr);
   EXPECT_EQ(WideText(value), wide(U"wert"));
   const long before = platform::capi_blocks_out();
-  ::CFReleaseValue(value);
-  ::CFReleaseValue(same);
-  ::CFReleaseValue(nullptr);
+  Plain::CFReleaseValue(value);
+  Plain::CFReleaseValue(same);
+  Plain::CFReleaseValue(nullptr);
   EXPECT_EQ(platform::capi_blocks_out(), before - 2);
 }
 
 TEST(PlainNames, MessagesGoNowhereWithoutADebugLibrary) {
   const WideText text = wide(U"%s%s%d");
-  EXPECT_EQ(::DBMSGW(text.c_str()), 0);
-  EXPECT_EQ(::DBERRW(text.c_str()), 0);
-  EXPECT_EQ(::DBATTW(text.c_str()), 0);
-  EXPECT_EQ(::DBHMSGW(text.c_str()), 0);
+  EXPECT_EQ(Plain::DBMSGW(text.c_str()), 0);
+  EXPECT_EQ(Plain::DBERRW(text.c_str()), 0);
+  EXPECT_EQ(Plain::DBATTW(text.c_str()), 0);
+  EXPECT_EQ(Plain::DBHMSGW(text.c_str()), 0);
 }
 
 TEST_F(PlainFlags, AreOffBeforeAnyVariable) {
   EXPECT_EQ(is_on(U"clip"), 0);
   EXPECT_EQ(is_dev_on(U"clip"), 0);
-  EXPECT_EQ(DbgTools_isDebugOnW(nullptr), 0);
+  EXPECT_EQ(Plain::DbgTools_isDebugOnW(nullptr), 0);
 }
 
 TEST_F(PlainFlags, AreThoseOfTheVariable) {
@@ -91,17 +92,17 @@ TEST_F(PlainFlags, AreThoseOfTheVariable) {
   EXPECT_EQ(is_on(U"grow"), 0);
   EXPECT_EQ(is_on(U""), 0);
   EXPECT_EQ(is_dev_on(U""), 0);
-  EXPECT_EQ(DbgTools_isDebugOnW(nullptr), 0);
-  EXPECT_EQ(DbgTools_isDevDebugOnW(nullptr), 0);
+  EXPECT_EQ(Plain::DbgTools_isDebugOnW(nullptr), 0);
+  EXPECT_EQ(Plain::DbgTools_isDevDebugOnW(nullptr), 0);
 }
 
 TEST_F(PlainFlags, AllNeverSwitchesOnADeveloperFlag) {
   EXPECT_EQ(add(U"Plot, clip\tALL"), 1);
   EXPECT_EQ(is_on(U"anything"), 1);
-  EXPECT_EQ(DbgTools_isDebugOnW(nullptr), 1);
+  EXPECT_EQ(Plain::DbgTools_isDebugOnW(nullptr), 1);
   EXPECT_EQ(is_dev_on(U"anything"), 0);
   EXPECT_EQ(is_dev_on(U"CLIP"), 1);
-  EXPECT_EQ(DbgTools_isDevDebugOnW(nullptr), 0);
+  EXPECT_EQ(Plain::DbgTools_isDevDebugOnW(nullptr), 0);
 }
 
 TEST_F(PlainFlags, AreComparedInNarrowText) {
@@ -128,7 +129,7 @@ TEST_F(PlainFlags, AnAdditionWithoutMemorySaysSo) {
   for (long successes = 0; successes < 20; ++successes) {
     const ScopedVariable variable(U"CORVANE_TEST_FLAGS", std::u32string(long_flag.begin(), long_flag.end()));
     platform::capi_fail_after(successes);
-    const int added = DbgTools_addDebugVar("CORVANE_TEST_FLAGS");
+    const int added = Plain::DbgTools_addDebugVar("CORVANE_TEST_FLAGS");
     platform::capi_fail_after(-1);
     failed = failed || added == 0;
   }
@@ -139,11 +140,11 @@ TEST_F(PlainFlags, AnAdditionWithoutMemorySaysSo) {
 TEST(HostFileName, HasNoRoomInABufferThatIsTooShort) {
   const WideText hfs = wide(U"abcd");
   CPWChar out[5];
-  EXPECT_EQ(HostFile_nameW(hfs.c_str(), out, 5), 4);
+  EXPECT_EQ(Plain::HostFile_nameW(hfs.c_str(), out, 5), 4);
   EXPECT_EQ(WideText(out), hfs);
-  EXPECT_EQ(HostFile_nameW(hfs.c_str(), out, 4), 0);
+  EXPECT_EQ(Plain::HostFile_nameW(hfs.c_str(), out, 4), 0);
   EXPECT_EQ(out[0], 0);
-  EXPECT_EQ(HostFile_nameW(wide(U"").c_str(), out, 5), 0);
+  EXPECT_EQ(Plain::HostFile_nameW(wide(U"").c_str(), out, 5), 0);
   EXPECT_EQ(out[0], 0);
 }
 
