@@ -2,8 +2,7 @@
 // Copyright (c) 2026 The Corvane Print authors
 //
 // Hosts on 32-bit Windows align their stack to 4 bytes, and vector instructions fault on what is not aligned
-// to
-// 16. So the exports that use them are called from stacks of every alignment. Part of the tests on 32-bit
+// to 16. So the exports that use them are called from stacks of every alignment. Part of the tests on 32-bit
 // x86.
 #include <gtest/gtest.h>
 
@@ -69,6 +68,31 @@ TEST_P(HostStack, LinesAreClipped) {
                               word(&points)}),
             CL_OK);
   EXPECT_GT(pieces, 10);
+  CLdeleteFence(fence);
+}
+
+TEST_P(HostStack, PolygonsAndLinesAreClippedByAManySidedFence) {
+  std::vector<double> zigzag, strip;
+  for (int i = 0; i < 50; ++i) {
+    zigzag.push_back(i * 10);
+    zigzag.push_back(i % 2 * 50);
+    strip.push_back(i * 10 + 3);
+    strip.push_back(i % 2 * 5 + 20);
+  }
+  for (std::vector<double>* ring : {&zigzag, &strip}) {
+    for (const double back : {490.0, -5.0, 0.0, -5.0}) ring->push_back(back);
+  }
+  int count = 52;
+  CLFenceHandle fence = nullptr;
+  ASSERT_EQ(CLdefFence(&fence, 2, 1, &count, zigzag.data(), 0.0, 0.0, 2), CL_OK);
+  for (const auto clip : {CLclipPolygon, CLclipLine}) {
+    std::vector<double> out(2000);
+    int pieces = 200, points = 900, counts[200] = {};
+    EXPECT_EQ(call(clip, {word(fence), 2, 52, word(strip.data()), word(&pieces), word(counts),
+                          word(out.data()), word(&points)}),
+              CL_OK);
+    EXPECT_GT(points, 100);
+  }
   CLdeleteFence(fence);
 }
 
