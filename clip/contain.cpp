@@ -101,23 +101,38 @@ bool cast_over_ring(const FenceVertex* first, const ProbeRecord& ray, const Fenc
 // The same over those edges that the ray can meet at all: all others would answer that they are missed.
 bool cast_over_slab(const FenceVertex* first, const PolygonIndex& index, const ProbeRecord& ray,
                     const FenceVertex& probe) {
-  const std::span<const int> edges = index.rays.edges_at(ray.x, ray.y);
-  const auto from = std::lower_bound(edges.begin(), edges.end(), number_of(*first));
+  const std::span<const RayEdge> edges = index.rays.edges_at(ray.x, ray.y);
   constexpr int kNone = -1;
-  int skipped = passes_end_of(*first->prev, ray, probe) ? number_of(*first) : kNone;
+  const int start = number_of(*first);
+  int skipped = passes_end_of(*first->prev, ray, probe) ? start : kNone;
   int count = 0;
-  auto next = from;
+  auto next = std::find_if(edges.begin(), edges.end(), [&](const RayEdge& e) { return e.number >= start; });
   for (std::size_t i = 0; i < edges.size(); ++i, ++next) {
     if (next == edges.end()) next = edges.begin();
-    const int number = *next;
-    if (number == skipped) continue;
+    if (next->number == skipped) continue;
     bool skip_next = false, at_start = false;
-    const RayAnswer answer = edge_meets_ray(index.vertex(number), ray, probe, skip_next, at_start);
+    const RayAnswer answer = edge_meets_ray(index.vertex(next->number), ray, probe, skip_next, at_start);
     if (answer == kOnEdge) return true;
     if (answer == kCross) ++count;
-    if (skip_next) skipped = number + 1 < index.count() ? number + 1 : 0;
+    if (skip_next) skipped = next->number + 1 < index.count() ? next->number + 1 : 0;
   }
   return count % 2 == 1;
+}
+
+// Whether the probe is inside, where no edge that the ray can meet leaves a doubt: then none asks for a skip
+// either, and the order does not matter. Nothing else is true for most probes.
+enum class QuickVerdict { kOutside = 0, kInside = 1, kUnclear };
+QuickVerdict quick_verdict(const FenceVertex* first, const PolygonIndex& index, const ProbeRecord& ray) {
+  const FenceVertex& last = *first->prev;
+  bool unclear = quick_answer({last.x, last.y, last.dx, last.dy, 0}, ray).unclear;
+  unsigned count = 0;
+  for (const RayEdge& edge : index.rays.edges_at(ray.x, ray.y)) {
+    const QuickAnswer answer = quick_answer(edge, ray);
+    count += answer.crossed;
+    unclear |= answer.unclear;
+  }
+  if (unclear) return QuickVerdict::kUnclear;
+  return count % 2 == 1 ? QuickVerdict::kInside : QuickVerdict::kOutside;
 }
 
 // Null where all edges have to be tested.
@@ -156,7 +171,10 @@ bool probe_is_inside(const FenceVertex& probe, FencePolygon& polygon) {
   ray.y = probe.y;
   const FenceVertex* const first = first_edge_of_cast(polygon, probe.x);
   const PolygonIndex* index = ray_index_for(probe, polygon);
-  return index != nullptr ? cast_over_slab(first, *index, ray, probe) : cast_over_ring(first, ray, probe);
+  if (index == nullptr) return cast_over_ring(first, ray, probe);
+  const QuickVerdict quick = quick_verdict(first, *index, ray);
+  return quick != QuickVerdict::kUnclear ? quick == QuickVerdict::kInside
+                                         : cast_over_slab(first, *index, ray, probe);
 }
 
 bool is_inside(const FenceVertex& probe, const ClipExtent& extent, FencePolygon& polygon) {

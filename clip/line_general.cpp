@@ -153,7 +153,7 @@ int CORVANE_PRINT_CALL clip_line_general(FencePolygon* fence, int dim, int num_p
   for (const std::size_t end : lines.ends) {
     const std::span<const LinePoint> points(lines.points.data() + begin, end - begin);
     Run run = {points, lines.ends.size() == 1 ? input : extent_of(points), nullptr};
-    if (g_form == Form::kIndexed) {
+    if (g_form == Form::kIndexed && run.edge_count() > 0) {
       edges.build(points.data(), run.edge_count());
       run.edges = &edges;
     }

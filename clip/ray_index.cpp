@@ -65,11 +65,12 @@ long long RayIndex::entries_of(Points points) const {
   return entries;
 }
 
-// A slab for every edge, unless the edges are so long that the lists would grow beyond some entries for each.
+// Two slabs for every edge, unless the edges are so long that the lists would grow beyond some entries for
+// each.
 void RayIndex::choose_slabs(Points points) {
   const auto edges = static_cast<double>(points.size() - 1);
-  const double most_entries = 6.0 * edges;
-  for (double slabs = edges;;) {
+  const double most_entries = 8.0 * edges;
+  for (double slabs = 2.0 * edges;;) {
     slabs_ = std::max(1, static_cast<int>(slabs));
     slabs_per_unit_ = static_cast<double>(slabs_) / width_;
     const auto entries = static_cast<double>(entries_of(points));
@@ -90,7 +91,11 @@ void RayIndex::list_edges(Points points) {
   for (std::size_t s = 1; s < starts_.size(); ++s) starts_[s] += starts_[s - 1];
   edges_.resize(static_cast<std::size_t>(starts_.back()));
   platform::CapiVector<int> next(starts_.begin(), starts_.end() - 1);
-  for_each_entry([&](std::size_t slab, int edge) { edges_[static_cast<std::size_t>(next[slab]++)] = edge; });
+  for_each_entry([&](std::size_t slab, int edge) {
+    const LinePoint &p = points[static_cast<std::size_t>(edge)],
+                    &q = points[static_cast<std::size_t>(edge) + 1];
+    edges_[static_cast<std::size_t>(next[slab]++)] = {p.x, p.y, q.x - p.x, q.y - p.y, edge};
+  });
 }
 
 }  // namespace Corvane::Print::clip

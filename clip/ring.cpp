@@ -47,25 +47,9 @@ ClipExtent empty_extent() {
   return {kLargest, kLargest, kLargest, -kLargest, -kLargest, -kLargest};
 }
 
-void include_point(ClipExtent& extent, double x, double y) {
-  if (x < extent.xmin) extent.xmin = x;
-  if (x > extent.xmax) extent.xmax = x;
-  if (y < extent.ymin) extent.ymin = y;
-  if (y > extent.ymax) extent.ymax = y;
-}
-
 void include_extent(ClipExtent& extent, const ClipExtent& other) {
   include_point(extent, other.xmin, other.ymin);
   include_point(extent, other.xmax, other.ymax);
-}
-
-bool overlap_xy(const ClipExtent& a, const ClipExtent& b) {
-  return a.xmin <= b.xmax && a.xmax >= b.xmin && a.ymin <= b.ymax && a.ymax >= b.ymin;
-}
-
-bool within_xy(const ClipExtent& inner, const ClipExtent& outer) {
-  return inner.xmin >= outer.xmin && inner.xmax <= outer.xmax && inner.ymin >= outer.ymin &&
-         inner.ymax <= outer.ymax;
 }
 
 FenceVertex* build_ring(const double* points, int count, int dim) {

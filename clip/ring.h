@@ -25,10 +25,23 @@ void for_each_vertex(Vertex* first, Visit&& visit) {
 
 // An extent that holds nothing yet: including a point makes it that point.
 ClipExtent empty_extent();
-void include_point(ClipExtent& extent, double x, double y);
+inline void include_point(ClipExtent& extent, double x, double y) {
+  if (x < extent.xmin) extent.xmin = x;
+  if (x > extent.xmax) extent.xmax = x;
+  if (y < extent.ymin) extent.ymin = y;
+  if (y > extent.ymax) extent.ymax = y;
+}
+
 void include_extent(ClipExtent& extent, const ClipExtent& other);
-bool overlap_xy(const ClipExtent& a, const ClipExtent& b);
-bool within_xy(const ClipExtent& inner, const ClipExtent& outer);
+
+inline bool overlap_xy(const ClipExtent& a, const ClipExtent& b) {
+  return a.xmin <= b.xmax && a.xmax >= b.xmin && a.ymin <= b.ymax && a.ymax >= b.ymin;
+}
+
+inline bool within_xy(const ClipExtent& inner, const ClipExtent& outer) {
+  return inner.xmin >= outer.xmin && inner.xmax <= outer.xmax && inner.ymin >= outer.ymin &&
+         inner.ymax <= outer.ymax;
+}
 
 // KEEP(repeated-points-z): x and y are compared with a tolerance and z exactly.
 // Looks wrong; steep lines in depth live on points that differ in z alone. Pinned by

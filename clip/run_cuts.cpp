@@ -120,6 +120,7 @@ bool inside_between(const Run& run, const Cut* from, const Cut* to, const FenceP
 // For a run without cuts.
 bool lies_inside(const Run& run, FencePolygon& fence) {
   if (!within_xy(run.extent, fence.extent)) return false;
+  fence_index(fence);  // for the inside test
   const LinePoint &first = run.points.front(), &second = run.points[run.points.size() > 1 ? 1 : 0];
   FenceVertex probe, next;
   probe.x = first.x;
@@ -141,7 +142,8 @@ LinePoint point_of(const Cut& cut, const Run& run) {
 }
 
 Cuts cut_run_at(const Run& run, FencePolygon& fence, bool& inside_at_start) {
-  Cuts cuts = find_cuts(run, fence);
+  Cuts cuts;
+  if (run.edge_count() > 0) cuts = find_cuts(run, fence);
   if (cuts.empty()) {
     inside_at_start = lies_inside(run, fence);
     return cuts;

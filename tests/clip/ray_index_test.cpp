@@ -57,7 +57,17 @@ void expect_left_out_edges_missed(const FencePolygon& polygon, const clip::Polyg
   ProbeRecord ray = *polygon.probe;
   ray.x = place.x, ray.y = place.y;
   const Probe probe(place.x, place.y, next_x);
-  const std::span<const int> listed = index.rays.edges_at(place.x, place.y);
+  std::vector<int> listed;
+  for (const clip::RayEdge& edge : index.rays.edges_at(place.x, place.y)) {
+    listed.push_back(edge.number);
+    bool skip_next = false, at_start = false;
+    const clip::QuickAnswer quick = clip::quick_answer(edge, ray);
+    if (quick.unclear) continue;
+    ASSERT_EQ(clip::edge_meets_ray(index.vertex(edge.number), ray, probe.v, skip_next, at_start),
+              quick.crossed ? clip::kCross : clip::kMiss)
+        << "case " << i << " edge " << edge.number;
+    ASSERT_FALSE(skip_next);
+  }
   ASSERT_TRUE(std::is_sorted(listed.begin(), listed.end()));
   for (int e = 0; e < index.count(); ++e) {
     if (std::binary_search(listed.begin(), listed.end(), e)) continue;
