@@ -91,7 +91,7 @@ TEST_P(HostStack, PolygonsAndLinesAreClippedByAManySidedFence) {
     EXPECT_EQ(call(clip, {word(fence), 2, 52, word(strip.data()), word(&pieces), word(counts),
                           word(out.data()), word(&points)}),
               CL_OK);
-    EXPECT_GT(points, 100);
+    EXPECT_EQ(points, clip == CLclipPolygon ? 101 : 76);
   }
   CLdeleteFence(fence);
 }
