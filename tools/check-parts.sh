@@ -84,6 +84,15 @@ fixed_addresses() {
   case "$1" in *_tsan_tests) setarch -R true 2>/dev/null && echo "setarch -R" ;; esac
 }
 
+# The library with all its plain forms, under the tests of the exports.
+plain_form() {
+  cmake -S "$root" -B "$build/plain" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCORVANE_PRINT_PLAIN=ON \
+    -DCORVANE_PRINT_BUILD_TESTS=OFF -DCORVANE_PRINT_BUILD_TOOLS=OFF -DCORVANE_PRINT_BUILD_MANAGED=OFF &&
+    cmake --build "$build/plain" -j "$jobs" --target corvane_print &&
+    LD_LIBRARY_PATH=$build/plain ldd "$build/linux-x64/corvane_host_tests" | grep -q "$build/plain/" &&
+    LD_LIBRARY_PATH=$build/plain "$build/linux-x64/corvane_host_tests" --gtest_brief=1
+}
+
 part_linux_x64() {
   step linux-x64 build configure_and_build linux-x64 || return
   step linux-x64 headers build_headers linux-x64
@@ -93,6 +102,7 @@ part_linux_x64() {
   step linux-x64 reference cmake --build "$build/linux-x64" --target corvane_print_docs
   step linux-x64 installation "$root/tests/install/run" linux-x64 "$build/linux-x64"
   step linux-x64 packages "$root/tests/install/packages" linux-x64 "$build/linux-x64"
+  step linux-x64 "plain form" plain_form
   step linux-x64 pictures "$root/tools/make-pictures" --check "$build/linux-x64"
   local name
   for name in $(test_programs linux-x64 "$everywhere corvane_geos_tests plotclip_tests"); do
