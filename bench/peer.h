@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The Corvane Print authors
+//
+// Another library: the tasks that it can do. Each adaptor is one source file, compiled only where its library
+// was found, and makes itself known before main begins.
+#ifndef CORVANE_PRINT_BENCH_PEER_H
+#define CORVANE_PRINT_BENCH_PEER_H
+
+#include "bench/generators.h"
+#include "bench/job.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Corvane::Print::bench {
+
+struct Rectangle {
+  Point low, high;
+};
+
+// Every task converts its inputs into the peer's own types before anything is timed, and leaves the result in
+// them. The inputs stay valid as long as the entrant.
+class Peer {
+public:
+  virtual ~Peer() = default;
+  virtual std::string name() const = 0;
+  virtual std::string version() const = 0;
+
+  using Maybe = std::optional<Entrant>;
+  virtual Maybe intersection(const Points&, const Points&) const { return {}; }
+  virtual Maybe difference(const Points&, const Points&) const { return {}; }
+  virtual Maybe line_in_rectangle(const Points&, const Rectangle&) const { return {}; }
+  virtual Maybe line_in_polygon(const Points&, const Points&) const { return {}; }
+  // How many of the probes lie inside the ring.
+  virtual Maybe inside(const Points&, const Points&) const { return {}; }
+  // The common area of each of the small subjects with the fence.
+  virtual Maybe many(const std::vector<Points>&, const Points&) const { return {}; }
+};
+
+// In the order of their names.
+std::vector<const Peer*> peers();
+
+// An object of this type makes a peer known; the peer outlives main.
+struct KnownPeer {
+  explicit KnownPeer(const Peer& peer);
+};
+
+// Adds what each peer answers to `ask`.
+template <class Ask>
+void add_peers(std::vector<Entrant>& entrants, Ask ask) {
+  for (const Peer* peer : peers()) {
+    if (Peer::Maybe entrant = ask(*peer)) entrants.push_back(std::move(*entrant));
+  }
+}
+
+}  // namespace Corvane::Print::bench
+
+#endif
