@@ -60,6 +60,9 @@ void add_rect_line_jobs(Jobs& jobs, bool quick);
 void add_polyline_jobs(Jobs& jobs, bool quick);
 void add_inside_jobs(Jobs& jobs, bool quick);
 void add_many_jobs(Jobs& jobs, bool quick);
+void add_fence_jobs(Jobs& jobs, bool quick);
+void add_grow_jobs(Jobs& jobs, bool quick);
+void add_matrix_jobs(Jobs& jobs, bool quick);
 
 }  // namespace Corvane::Print::bench
 

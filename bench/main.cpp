@@ -27,6 +27,9 @@ Jobs all_jobs(bool quick) {
   add_polyline_jobs(jobs, quick);
   add_inside_jobs(jobs, quick);
   add_many_jobs(jobs, quick);
+  add_fence_jobs(jobs, quick);
+  add_grow_jobs(jobs, quick);
+  add_matrix_jobs(jobs, quick);
   return jobs;
 }
 

@@ -34,8 +34,21 @@ public:
   virtual Maybe line_in_polygon(const Points&, const Points&) const { return {}; }
   // How many of the probes lie inside the ring.
   virtual Maybe inside(const Points&, const Points&) const { return {}; }
+  // Made ready for many questions, and the first of them; the answer is its width.
+  virtual Maybe prepare_polygon(const Points&) const { return {}; }
+  // With sharp corners.
+  virtual Maybe grown(const Points&, double) const { return {}; }
   // The common area of each of the small subjects with the fence.
   virtual Maybe many(const std::vector<Points>&, const Points&) const { return {}; }
+
+  // Row vectors of `order` doubles times a square matrix; the answer is the sum of all elements.
+  virtual Maybe vectors_by_matrix(int, const std::vector<double>&, const std::vector<double>&) const {
+    return {};
+  }
+  // The smallest and the largest coordinates of points of `dim` doubles.
+  virtual Maybe extents(int, const std::vector<double>&) const { return {}; }
+  // Square matrices of `order`, the first of the one list times the first of the other, and so on.
+  virtual Maybe products(int, const std::vector<double>&, const std::vector<double>&) const { return {}; }
 };
 
 // In the order of their names.

@@ -96,6 +96,18 @@ struct ManySubjects {
   }
 };
 
+struct Buffer {
+  Polygon ring;
+  double distance;
+  Polygons result;
+  void run() {
+    namespace strategy = bg::strategy::buffer;
+    result.clear();
+    bg::buffer(ring, result, strategy::distance_symmetric<double>(distance), strategy::side_straight(),
+               strategy::join_miter(5.0), strategy::end_flat(), strategy::point_square());
+  }
+};
+
 class Boost : public Peer {
 public:
   std::string name() const override { return "Boost"; }
@@ -130,6 +142,11 @@ public:
   Maybe inside(const Points& probes, const Points& ring) const override {
     const auto in = std::make_shared<Probes>(Probes{line_of(probes), polygon(ring)});
     return Entrant{name(), Kind::kPeer, [in] { in->run(); }, [in] { return Answer{{}, {}, in->count}; }};
+  }
+  Maybe grown(const Points& ring, double distance) const override {
+    const auto in = std::make_shared<Buffer>(Buffer{polygon(ring), distance, {}});
+    return Entrant{name(), Kind::kPeer, [in] { in->run(); }, [in] { return area_alone(in->result); },
+                   kTolerance};
   }
   Maybe many(const std::vector<Points>& subjects, const Points& fence) const override {
     const auto in = std::make_shared<ManySubjects>();

@@ -107,6 +107,17 @@ struct ManySubjects {
   }
 };
 
+struct Offset {
+  Path ring;
+  double distance;
+  Paths result;
+  void run() {
+    ClipperLib::ClipperOffset offset(5.0);
+    offset.AddPath(ring, ClipperLib::jtMiter, ClipperLib::etClosedPolygon);
+    offset.Execute(result, distance);
+  }
+};
+
 class Clipper1 : public Peer {
 public:
   std::string name() const override { return "Clipper1"; }
@@ -130,6 +141,14 @@ public:
   Maybe inside(const Points& probes, const Points& ring) const override {
     const auto in = std::make_shared<Probes>(Probes{path(probes), path(ring)});
     return Entrant{name(), Kind::kPeer, [in] { in->run(); }, [in] { return Answer{{}, {}, in->count}; }};
+  }
+  Maybe grown(const Points& ring, double distance) const override {
+    const auto in = std::make_shared<Offset>(Offset{path(ring), kScale * distance, {}});
+    return Entrant{name(), Kind::kPeer, [in] { in->run(); },
+                   [in] {
+                     return Answer{area(in->result), {}, {}};
+                   },
+                   kTolerance};
   }
   Maybe many(const std::vector<Points>& subjects, const Points& fence) const override {
     const auto in = std::make_shared<ManySubjects>();

@@ -144,6 +144,32 @@ struct ManySubjects {
   }
 };
 
+struct Preparation {
+  Points ring;
+  Geometry probe, polygon;
+  long inside = 0;
+  void run() {
+    polygon = bench::polygon(ring);
+    const PreparedGeometry prepared(GEOSPrepare_r(context(), polygon.get()));
+    inside = GEOSPreparedContains_r(context(), prepared.get(), probe.get());
+  }
+  Answer answer() const {
+    double low = 0, high = 0;
+    GEOSGeom_getXMin_r(context(), polygon.get(), &low);
+    GEOSGeom_getXMax_r(context(), polygon.get(), &high);
+    return {high - low, {}, {}};
+  }
+};
+
+struct Buffer {
+  Geometry ring, result;
+  double distance;
+  void run() {
+    result.reset(
+        GEOSBufferWithStyle_r(context(), ring.get(), distance, 8, GEOSBUF_CAP_FLAT, GEOSBUF_JOIN_MITRE, 5.0));
+  }
+};
+
 class Geos : public Peer {
 public:
   std::string name() const override { return "GEOS"; }
@@ -169,6 +195,18 @@ public:
     for (const Point& p : probes) in->points.emplace_back(GEOSGeom_createPointFromXY_r(context(), p.x, p.y));
     in->ring = polygon(ring);
     return Entrant{name(), Kind::kPeer, [in] { in->run(); }, [in] { return Answer{{}, {}, in->count}; }};
+  }
+
+  Maybe prepare_polygon(const Points& ring) const override {
+    const auto in = std::make_shared<Preparation>();
+    in->ring = ring;
+    in->probe.reset(GEOSGeom_createPointFromXY_r(context(), 0, 0));
+    return Entrant{name(), Kind::kPeer, [in] { in->run(); }, [in] { return in->answer(); }};
+  }
+
+  Maybe grown(const Points& ring, double distance) const override {
+    const auto in = std::make_shared<Buffer>(Buffer{polygon(ring), {}, distance});
+    return Entrant{name(), Kind::kPeer, [in] { in->run(); }, [in] { return area_and_pieces(in->result); }};
   }
 
   Maybe many(const std::vector<Points>& subjects, const Points& fence) const override {
