@@ -53,28 +53,23 @@ constexpr double kCommonArea[][4] = {{1.44851e12, 1.41746e12, 1.43263e12, 1.4476
                                      {1.18437e12, 1.18372e12, 1.18369e12, 1.18369e12}};
 constexpr long kDifferencePieces[][4] = {{28, 260, 2752, 27832}, {28, 260, 2755, 27766}, {2, 2, 2, 2}};
 
-void add(Jobs& jobs, Family family, int size_index) {
-  const int n = kSizes[size_index];
+void add(Jobs& jobs, Family family, int mode, bool quick) {
   const auto row = static_cast<int>(family);
-  jobs.push_back({"polygons",
-                  std::string(letter(family)) + "-int",
-                  n,
-                  1,
-                  {kCommonArea[row][size_index], 1, {}},
-                  [family, n] { return prepare(family, n, CL_KEEP_INSIDE); }});
-  jobs.push_back({"polygons",
-                  std::string(letter(family)) + "-dif",
-                  n,
-                  1,
-                  {{}, kDifferencePieces[row][size_index], {}},
-                  [family, n] { return prepare(family, n, CL_KEEP_OUTSIDE); }});
+  for (int i = 0; i < (quick ? 1 : 4); ++i) {
+    const int n = kSizes[i];
+    const bool inside = mode == CL_KEEP_INSIDE;
+    const Answer known =
+        inside ? Answer{kCommonArea[row][i], 1, {}} : Answer{{}, kDifferencePieces[row][i], {}};
+    jobs.push_back({"polygons", std::string(letter(family)) + (inside ? "-int" : "-dif"), n, 1, known,
+                    [=] { return prepare(family, n, mode); }});
+  }
 }
 
 }  // namespace
 
 void add_polygon_jobs(Jobs& jobs, bool quick) {
-  for (const Family family : kFamilies) {
-    for (int i = 0; i < (quick ? 1 : 4); ++i) add(jobs, family, i);
+  for (const int mode : {CL_KEEP_INSIDE, CL_KEEP_OUTSIDE}) {
+    for (const Family family : kFamilies) add(jobs, family, mode, quick);
   }
 }
 

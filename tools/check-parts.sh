@@ -104,6 +104,7 @@ part_linux_x64() {
   step linux-x64 packages "$root/tests/install/packages" linux-x64 "$build/linux-x64"
   step linux-x64 "plain form" plain_form
   step linux-x64 pictures "$root/tools/make-pictures" --check "$build/linux-x64"
+  step linux-x64 benchmarks "$root/tools/bench" --quick
   local name
   for name in $(test_programs linux-x64 "$everywhere corvane_geos_tests plotclip_tests"); do
     program linux-x64 "$name" $(fixed_addresses "$name") "$build/linux-x64/$name"
