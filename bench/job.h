@@ -63,6 +63,9 @@ void add_many_jobs(Jobs& jobs, bool quick);
 void add_fence_jobs(Jobs& jobs, bool quick);
 void add_grow_jobs(Jobs& jobs, bool quick);
 void add_matrix_jobs(Jobs& jobs, bool quick);
+void add_name_jobs(Jobs& jobs, bool quick);
+void add_search_jobs(Jobs& jobs, bool quick);
+void add_list_jobs(Jobs& jobs, bool quick);
 
 }  // namespace Corvane::Print::bench
 

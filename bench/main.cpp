@@ -30,6 +30,9 @@ Jobs all_jobs(bool quick) {
   add_fence_jobs(jobs, quick);
   add_grow_jobs(jobs, quick);
   add_matrix_jobs(jobs, quick);
+  add_name_jobs(jobs, quick);
+  add_search_jobs(jobs, quick);
+  add_list_jobs(jobs, quick);
   return jobs;
 }
 

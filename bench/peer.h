@@ -19,6 +19,22 @@ struct Rectangle {
   Point low, high;
 };
 
+using Texts = std::vector<std::string>;
+
+// What the list jobs keep: a key to sort by, and where it was in the input.
+struct ListItem {
+  std::int64_t key, number;
+};
+using ListItems = std::vector<ListItem>;
+inline int by_key(const ListItem& a, const ListItem& b) {
+  return a.key < b.key ? -1 : (a.key > b.key ? 1 : 0);
+}
+inline bool is_wanted(const ListItem& item) {
+  return item.key % 10 == 0;
+}
+// Tells two lists apart when an item or their order differs.
+Answer digest(const ListItems& items);
+
 // Every task converts its inputs into the peer's own types before anything is timed, and leaves the result in
 // them. The inputs stay valid as long as the entrant.
 class Peer {
@@ -49,6 +65,21 @@ public:
   virtual Maybe extents(int, const std::vector<double>&) const { return {}; }
   // Square matrices of `order`, the first of the one list times the first of the other, and so on.
   virtual Maybe products(int, const std::vector<double>&, const std::vector<double>&) const { return {}; }
+
+  // Directory, name and extension of paths; the answer is the number of their characters.
+  virtual Maybe take_apart(const Texts&) const { return {}; }
+  // And back again.
+  virtual Maybe put_together(const Texts&) const { return {}; }
+  // How many names match a pattern, ignoring case.
+  virtual Maybe match(const Texts&, const std::string&) const { return {}; }
+  // Whether one of the directories has the file.
+  virtual Maybe search(const Texts&, const std::string&) const { return {}; }
+  // The paths that match a pattern, in order; the answer is their number and that of their characters.
+  virtual Maybe enumerate(const std::string&) const { return {}; }
+
+  virtual Maybe append(const ListItems&) const { return {}; }
+  virtual Maybe insert_in_order(const ListItems&) const { return {}; }
+  virtual Maybe filter(const ListItems&) const { return {}; }
 };
 
 // In the order of their names.

@@ -19,8 +19,8 @@ import results as res
 FAMILIES = {
     "polygons": ("Polygons", "ms",
                  "Two rings of n vertices each: what they have in common (int), and what the first has alone "
-                 "(dif). A is spiky and crosses itself's double everywhere, B is a circle with a rough edge, C "
-                 "has waves and crosses in four places."),
+                 "(dif). In family A both are spiky and cross everywhere, in B they are circles with a "
+                 "rough edge that cross along it, in C they have waves and cross in four places."),
     "rect-lines": ("Polylines against a rectangle", "ms",
                    "A million points: a walk (L1), points anywhere (L2), all inside (L3), all outside (L4)."),
     "polylines": ("Polylines against a polygon", "ms",
@@ -82,10 +82,9 @@ def cell(results, who, unit):
 def judgement(judged):
     texts = []
     for against, value, limit in judged:
-        what = {goals.BEST: "", "exponent": "n^"}.get(against)
-        left = f"{what}{number(value)}" if what is not None else f"{number(value)} x {against}"
-        sign = "met" if value <= limit else "**missed**"
-        texts.append(f"{left} (at most {limit:g}: {sign})")
+        aim = {goals.BEST: f"≤ {limit:g}", "exponent": f"n^ ≤ {limit:g}"}.get(against)
+        aim = aim or f"{number(value)} x {against}, ≤ {limit:g}"
+        texts.append(f"{aim} {'met' if value <= limit else '**missed**'}")
     return "; ".join(texts)
 
 
@@ -93,15 +92,15 @@ def table(jobs, before_of):
     """The rows of a family."""
     unit = FAMILIES[jobs[0][0]["family"]][1].split()[0]
     columns = columns_of(jobs)
-    yield "| job | n | " + " | ".join(columns) + " | best other | n^ | goals |"
-    yield "|---|---:|" + "---:|" * len(columns) + "---|---:|---|"
+    yield "| job | n | " + " | ".join(columns) + " | best other | ratio | n^ | goals |"
+    yield "|---|---:|" + "---:|" * len(columns) + "---|---:|---:|---|"
     for results in jobs:
-        mine, best = res.ours(results), res.best_peer(results)
-        before = before_of(results)
-        growth = goals.exponent(results, before)
+        mine, best, before = res.ours(results), res.best_peer(results), before_of(results)
+        growth, ratio = goals.exponent(results, before), goals.ratio(results, goals.BEST)
         cells = [mine["task"], f"{mine['size']:,}"] + [cell(results, who, unit) for who in columns]
-        cells += [best["who"] if best else "", f"{growth:.2f}" if growth is not None else "",
-                  judgement(goals.judge(results, before))]
+        cells.append(("≈ " if best.get("estimated") else "") + best["who"] if best else "")
+        cells.append(number(ratio) if best else "")
+        cells += [f"{growth:.2f}" if growth is not None else "", judgement(goals.judge(results, before))]
         yield "| " + " | ".join(cells) + " |"
 
 
@@ -141,7 +140,7 @@ def introduction(versions, jobs, before_of):
            "takes too long; on another machine they were measured beside one that is in the row, and the ratio is "
            "carried over (`bench/marks.txt`). Everybody gets the input in its own types and keeps the result in them, "
            "fences are defined beforehand, and nobody is timed before all agree on area, length or count. "
-           "\"n^\" is the exponent with which our time grows from the size before.")
+           "\"Ratio\" is our time over the best other's, \"n^\" the exponent with which ours grows from the size before.")
     yield ""
     yield (f"**{met} of {len(judged)} goals are met.** A goal is a limit for our time as a multiple of the best other's, "
            "estimates included, of a floor such as memcpy, or for the exponent.")
