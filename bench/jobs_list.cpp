@@ -92,11 +92,14 @@ Answer digest(const ListItems& items) {
 }
 
 void add_list_jobs(Jobs& jobs, bool quick) {
-  for (const int n : {100, 1000, 10000}) {
-    if (quick && n > 100) break;
-    jobs.push_back({"lists", "append", n, 1, {}, [n] { return fill(n, false); }});
-    jobs.push_back({"lists", "ordered", n, 1, {}, [n] { return fill(n, true); }});
-    jobs.push_back({"lists", "filter", n, 1, {}, [n] { return filter(n); }});
+  const std::pair<const char*, Prepared (*)(int)> tasks[] = {{"append", [](int n) { return fill(n, false); }},
+                                                             {"ordered", [](int n) { return fill(n, true); }},
+                                                             {"filter", filter}};
+  for (const auto& [task, prepare] : tasks) {
+    for (const int n : {100, 1000, 10000}) {
+      if (quick && n > 100) break;
+      jobs.push_back({"lists", task, n, 1, {}, [n, prepare = prepare] { return prepare(n); }});
+    }
   }
 }
 

@@ -35,7 +35,10 @@ struct Search {
 class Kpathsea : public Peer {
 public:
   std::string name() const override { return "kpathsea"; }
-  std::string version() const override { return kpathsea_version_string; }
+  std::string version() const override {
+    const std::string text = kpathsea_version_string;  // "kpathsea version 6.3.4"
+    return text.substr(text.rfind(' ') + 1);
+  }
 
   Maybe search(const Texts& directories, const std::string& file) const override {
     const auto in = std::make_shared<Search>(Search{{}, file});

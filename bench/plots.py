@@ -5,9 +5,9 @@ import subprocess
 
 from results import UNITS, ours
 
-COLOURS = {"Corvane": "#c0392b", "Corvane, fence defined anew": "#e59866", "GEOS": "#1f618d", "Clipper1": "#117a65",
-           "Boost": "#7d3c98", "CGAL": "#7e5109", "Eigen": "#1f618d", "memcpy": "#999999", "read": "#bbbbbb",
-           "bare calls": "#999999"}
+COLOURS = {"Corvane": "#c0392b", "Corvane, fence defined anew": "#e59866", "Corvane, narrow": "#e59866",
+           "GEOS": "#1f618d", "Clipper1": "#117a65", "Boost": "#7d3c98", "CGAL": "#7e5109", "Eigen": "#1f618d",
+           "memcpy": "#999999", "read": "#bbbbbb", "bare calls": "#999999"}
 OTHER_COLOURS = ["#2e86c1", "#28b463", "#af7ac5", "#d4ac0d", "#5d6d7e", "#cb4335"]
 
 
@@ -36,10 +36,10 @@ def quoted(text):
 
 
 def style(who, everyone, estimated):
-    width = 3.5 if who == "Corvane" else 1.3
+    bold = who == "Corvane"
+    width, mark, size = (3.5, 7, 0.7) if bold else (1.3, 6, 0.7) if estimated else (1.3, 5, 0.45)
     dash = 2 if estimated else 1
-    mark = 7 if who == "Corvane" else (6 if estimated else 5)
-    return f"lc rgb {quoted(colour(who, everyone))} lw {width} dt {dash} pt {mark} ps {0.7 if who == 'Corvane' else 0.45}"
+    return f"lc rgb {quoted(colour(who, everyone))} lw {width} dt {dash} pt {mark} ps {size}"
 
 
 def curves(jobs, unit, everyone):
@@ -68,20 +68,35 @@ def key_panel(everyone, jobs):
     return entries
 
 
+def place(left, right, bottom, top):
+    """The next plot between these fractions of the picture."""
+    return [f"set lmargin at screen {left:.4f}", f"set rmargin at screen {right:.4f}",
+            f"set bmargin at screen {bottom:.4f}", f"set tmargin at screen {top:.4f}"]
+
+
+PANEL_WIDTH, PANEL_HEIGHT, TITLE_HEIGHT, KEY_HEIGHT = 360, 270, 45, 60
+
+
 def panels(tasks, jobs, unit, title, columns):
     everyone = everybody(jobs)
-    count = len(tasks) + 1
-    rows = -(-count // columns)
-    out = [f"set multiplot layout {rows},{columns} title {quoted(title)} font ',14'", "set logscale xy",
-           "set format x '10^{%T}'", "set format y '%g'", "set grid lc rgb '#dddddd'", "unset key"]
-    for task, of_task in tasks.items():
+    rows = -(-len(tasks) // columns)
+    width, height = max(PANEL_WIDTH * columns, 560), PANEL_HEIGHT * rows + TITLE_HEIGHT + KEY_HEIGHT
+    sizes = [ours(results)["size"] for results in jobs]
+    out = [f"set multiplot title {quoted(title)} font ',14'", "set logscale xy",
+           "set format xy '10^{%T}'", "set grid lc rgb '#dddddd'", "unset key",
+           f"set xrange [{min(sizes) / 1.5}:{max(sizes) * 1.5}]"]
+    for i, (task, of_task) in enumerate(tasks.items()):
         data, elements = curves(of_task, unit, everyone)
-        out += data + [f"set title {quoted(task)}", f"set ylabel '{unit}'", "set xlabel 'n'",
+        left, top = i % columns / columns, 1 - (TITLE_HEIGHT + PANEL_HEIGHT * (i // columns)) / height
+        out += place(left + 60 / width, left + 1 / columns - 15 / width, top - (PANEL_HEIGHT - 70) / height,
+                     top - 20 / height)
+        out += data + [f"set title {quoted(task)}", f"set ylabel '{unit}'", "set xlabel 'n' offset 0,0.5",
                        "plot " + ", \\\n  ".join(elements)]
+    out += place(0.02, 0.98, 5 / height, KEY_HEIGHT / height)
     out += ["unset logscale", "unset title", "unset xlabel", "unset ylabel", "unset border", "unset tics",
-            "unset grid", "set key center center samplen 3", "set xrange [0:1]", "set yrange [0:1]",
+            "unset grid", "set key center center horizontal samplen 3", "set xrange [0:1]", "set yrange [0:1]",
             "plot " + ", \\\n  ".join(key_panel(everyone, jobs)), "unset multiplot"]
-    return out, 360 * columns, 270 * rows + 30
+    return out, width, height
 
 
 def bars(tasks, jobs, unit, title):
@@ -107,7 +122,7 @@ def draw(title, unit, jobs, picture):
     tasks = by_task(jobs)
     several_sizes = any(len(of_task) > 1 for of_task in tasks.values())
     if several_sizes:
-        script, width, height = panels(tasks, jobs, unit, title, min(3, len(tasks) + 1))
+        script, width, height = panels(tasks, jobs, unit, title, min(3, len(tasks)))
     else:
         script, width, height = bars(tasks, jobs, unit, title)
     terminal = [f"set terminal svg size {width},{height} font 'sans-serif,11' background rgb 'white'",

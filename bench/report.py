@@ -97,7 +97,7 @@ def table(jobs, before_of):
     for results in jobs:
         mine, best, before = res.ours(results), res.best_peer(results), before_of(results)
         growth, ratio = goals.exponent(results, before), goals.ratio(results, goals.BEST)
-        cells = [mine["task"], f"{mine['size']:,}"] + [cell(results, who, unit) for who in columns]
+        cells = [mine["task"], f"{mine['size']:,}" if mine["size"] > 1 else ""] + [cell(results, who, unit) for who in columns]
         cells.append(("≈ " if best.get("estimated") else "") + best["who"] if best else "")
         cells.append(number(ratio) if best else "")
         cells += [f"{growth:.2f}" if growth is not None else "", judgement(goals.judge(results, before))]
