@@ -4,11 +4,10 @@
 // No shared state.
 #include "bench/agree.h"
 
-#include <time.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <ctime>
 
 namespace Corvane::Print::bench {
 namespace {
@@ -46,9 +45,7 @@ bool same(const Sides& sides, const Answer& a, const Answer& b, double tolerance
 }  // namespace
 
 double cpu_seconds() {
-  timespec now;
-  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) + 1e-9 * static_cast<double>(now.tv_nsec);
+  return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
 }
 
 bool all_agree(const Job& job, const Prepared& prepared, std::vector<double>& seconds) {

@@ -76,6 +76,7 @@ part_repository() {
   step repository oddities "$root/tools/check-keep"
   step repository names "$root/tools/make-names" --check
   step repository pages "$root/tools/make-docs" --check
+  step repository "benchmark report" python3 -B "$root/tests/bench/report_test.py"
 }
 
 # What a program with the thread sanitizer is run through: some systems spread addresses over more room than the
