@@ -4,8 +4,8 @@
 // State: the origin in the polygon's probe record, overwritten by every test.
 #include "clip/contain.h"
 
+#include "clip/polygon_index.h"
 #include "clip/ring.h"
-#include "clip/subject_ring.h"
 #include "clip/tolerances.h"
 
 #include <algorithm>
@@ -138,7 +138,7 @@ QuickVerdict quick_verdict(const FenceVertex* first, const PolygonIndex& index, 
 // Null where all edges have to be tested.
 const PolygonIndex* ray_index_for(const FenceVertex& probe, FencePolygon& polygon) {
   PolygonIndex* index = index_of(polygon);
-  if (index == nullptr || !index->made.empty()) return nullptr;
+  if (index == nullptr || index->vertices.empty()) return nullptr;
   if (!index->rays.built()) {
     index->rays.build(index->points, polygon.extent, polygon.probe->dx, polygon.probe->dy);
   }
@@ -165,7 +165,6 @@ RayAnswer edge_meets_ray(const FenceVertex& e, const ProbeRecord& ray, const Fen
 }
 
 bool probe_is_inside(const FenceVertex& probe, FencePolygon& polygon) {
-  complete_ring(polygon);
   ProbeRecord& ray = *polygon.probe;
   ray.x = probe.x;
   ray.y = probe.y;

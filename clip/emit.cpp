@@ -10,10 +10,8 @@
 #include "clip/emit.h"
 
 #include "clip/links.h"
+#include "clip/polygon_index.h"
 #include "clip/ring.h"
-#include "clip/subject_ring.h"
-
-#include <algorithm>
 
 namespace Corvane::Print::clip {
 namespace {
@@ -25,32 +23,13 @@ FenceVertex* turn_at(FenceVertex& crossing, bool& on_subject) {
   return crossing.partner;
 }
 
-// Writes at most so many points of a stretch and returns how many.
-long long emit_stretch(const FenceVertex& stretch, const PolygonIndex& index, long long most,
-                       PieceSink& sink) {
-  long long written = 0;
-  const StretchPoints points = points_of_stretch(stretch, index);
-  for (const std::span<const LinePoint> row : {points.first, points.then}) {
-    const auto count = static_cast<std::size_t>(std::min(static_cast<long long>(row.size()), most - written));
-    sink.points(row.first(count));
-    written += static_cast<long long>(count);
-  }
-  return written;
-}
-
-// Writes one piece and returns the steps it took. `index`: of the subject.
-long long emit_piece(FenceVertex* start, const PolygonIndex* index, long long most_steps, PieceSink& sink) {
+// Writes one piece and returns the steps it took.
+long long emit_piece(FenceVertex* start, long long most_steps, PieceSink& sink) {
   long long steps = 0;
   bool on_subject = true;
   FenceVertex* v = start;
   sink.begin_piece();
   do {
-    if (v->marker == kStretch) {
-      steps += emit_stretch(*v, *index, most_steps - steps, sink);
-      v = v->next;
-      if ((v->marker2 & kCrossing) != 0) v = turn_at(*v, on_subject);
-      continue;
-    }
     // Where the rings are linked the subject's own point and z are written.
     const FenceVertex& place = !on_subject && v->partner != nullptr ? *v->partner : *v;
     if ((v->marker2 & kCrossing) != 0 || v->marker == kOriginal) {
@@ -82,7 +61,7 @@ void emit_pieces(const FencePolygon& subject, long long most_steps, PieceSink& s
   FenceVertex* v = subject.start;
   do {
     const bool enters = (v->marker2 & kEntry) != 0 && (v->marker2 & kVisited) == 0;
-    if (enters && most_steps > 0) most_steps -= emit_piece(v, index_of(subject), most_steps, sink);
+    if (enters && most_steps > 0) most_steps -= emit_piece(v, most_steps, sink);
     v = v->next2;
   } while (v != subject.start);
 }

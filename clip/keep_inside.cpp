@@ -4,28 +4,22 @@
 // State: the working fields of the rings, reset before each use.
 #include "clip/emit.h"
 #include "clip/keep.h"
-#include "clip/links.h"
 #include "clip/ring.h"
-#include "clip/subject_ring.h"
-#include "clip/verdict.h"
+#include "clip/with_links.h"
 
 namespace Corvane::Print::clip {
 namespace {
 
 void keep_inside_polygon(FencePolygon& fence, FencePolygon& subject, long long fence_points,
-                         ClipExtent& limit, PieceSink& sink) {
-  restart_ring(subject);
-  RingLinker linker(subject, limit);
-  linker.link_with(fence, 0);
-  linker.finish();
-  const VertexList linked = linked_vertices(subject);
-  if (mark_crossings(linked, subject, fence) > 0) {
-    subject.start = walk_start(subject, fence);
-    emit_pieces(subject, fence_points + subject.vertexCount + 2LL * linker.links(), sink);
-  } else if (subject_lies_inside(subject, linked, fence)) {
+                         PolygonLinks& links, PieceSink& sink) {
+  links.link_with(fence, 0);
+  links.finish();
+  if (links.mark_crossings(fence, 0) > 0) {
+    links.emit_pieces(fence, fence_points + subject.vertexCount + 2LL * links.count(), sink);
+  } else if (links.subject_lies_inside(fence, 0)) {
     fence.overlap = kSubjectInside;
     emit_ring(subject, sink);
-  } else if (fence_lies_inside(fence, linked, subject)) {
+  } else if (links.fence_lies_inside(fence, 0)) {
     fence.overlap = kFenceInside;
     emit_ring(fence, sink);
   }
@@ -36,7 +30,10 @@ void keep_inside_polygon(FencePolygon& fence, FencePolygon& subject, long long f
 void keep_inside(FencePolygon& fence, FencePolygon& subject, ClipExtent& limit, PieceSink& sink) {
   for (FencePolygon* f = &fence; f != nullptr; f = f->nextPoly) {
     f->overlap = overlap_xy(f->extent, subject.extent) ? kOverlapping : kApart;
-    if (f->overlap != kApart) keep_inside_polygon(*f, subject, fence.totalPoints, limit, sink);
+    if (f->overlap == kApart) continue;
+    with_links(both_indexed(subject, *f), subject, limit, [&](PolygonLinks& links) {
+      keep_inside_polygon(*f, subject, fence.totalPoints, links, sink);
+    });
   }
 }
 

@@ -8,12 +8,10 @@
 // State: the working fields of the rings, reset before each use.
 #include "clip/emit.h"
 #include "clip/keep.h"
-#include "clip/links.h"
 #include "clip/ring.h"
 #include "clip/simple_loops.h"
 #include "clip/subject.h"
-#include "clip/subject_ring.h"
-#include "clip/verdict.h"
+#include "clip/with_links.h"
 
 namespace Corvane::Print::clip {
 namespace {
@@ -34,37 +32,26 @@ void for_each_overlapping(const FenceRange& fence, Visit&& visit) {
   }
 }
 
-// False when two fence polygons meet the subject at one place.
-bool link_all(const FenceRange& fence, FencePolygon& subject, RingLinker& linker) {
+// Tells which polygons overlap the subject's extent, and whether the indexed form can link them all with it.
+bool find_overlapping(const FenceRange& fence, FencePolygon& subject) {
+  bool indexed = true;
   for (FencePolygon* f = fence.first; f != fence.end; f = f->nextPoly) {
     f->overlap = overlap_xy(f->extent, subject.extent) ? kOverlapping : kApart;
+    if (f->overlap != kApart) indexed = indexed && both_indexed(subject, *f);
   }
-  restart_ring(subject);
-  for_each_overlapping(fence, [&](FencePolygon& f, int number) { linker.link_with(f, number); });
-  linker.finish();
-  return !linker.contested();
-}
-
-// The links of one fence polygon within a list ordered by fence polygon.
-std::span<FenceVertex* const> links_with(const VertexList& linked, int number, std::size_t& from) {
-  const std::size_t begin = from;
-  while (from < linked.size() && linked_fence(*linked[from]) == number) ++from;
-  return {linked.data() + begin, from - begin};
+  return indexed;
 }
 
 // Marks all crossings and gives every fence polygon its overlap state. Returns the number of crossings.
-int mark_all(const FenceRange& fence, FencePolygon& subject) {
-  const VertexList linked = linked_vertices_by_fence(subject);
-  std::size_t from = 0;
+int mark_all(const FenceRange& fence, PolygonLinks& links) {
   int crossings = 0;
   for_each_overlapping(fence, [&](FencePolygon& f, int number) {
-    const auto with_f = links_with(linked, number, from);
-    const int crossings_with_f = mark_crossings(with_f, subject, f);
+    const int crossings_with_f = links.mark_crossings(f, number);
     crossings += crossings_with_f;
     if (crossings_with_f > 0) return;
-    if (subject_lies_inside(subject, with_f, f)) {
+    if (links.subject_lies_inside(f, number)) {
       f.overlap = kSubjectInside;
-    } else if (fence_lies_inside(f, with_f, subject)) {
+    } else if (links.fence_lies_inside(f, number)) {
       f.overlap = kFenceInside;
     }
   });
@@ -84,12 +71,24 @@ void emit_holes(const FenceRange& fence, PieceSink& sink) {
 }
 
 // The subject's outlines outside the range, without holes.
-void emit_outlines(const FenceRange& fence, FencePolygon& subject, int links, PieceSink& sink) {
-  const int crossings = mark_all(fence, subject);
+void emit_outlines(const FenceRange& fence, FencePolygon& subject, PolygonLinks& links, PieceSink& sink) {
+  const int crossings = mark_all(fence, links);
   if (one_holds_the_subject(fence)) return;
   if (crossings == 0) return emit_ring(subject, sink);
-  subject.start = walk_start(subject, *fence.first);
-  emit_pieces(subject, fence.total_points + subject.vertexCount + 2LL * links, sink);
+  links.emit_pieces(*fence.first, fence.total_points + subject.vertexCount + 2LL * links.count(), sink);
+}
+
+// False when two fence polygons meet the subject at one place: then nothing was written.
+bool take_off_at_once(const FenceRange& fence, FencePolygon& subject, ClipExtent& limit,
+                      PieceSink& outlines) {
+  const bool indexed = find_overlapping(fence, subject);
+  return with_links(indexed, subject, limit, [&](PolygonLinks& links) {
+    for_each_overlapping(fence, [&](FencePolygon& f, int number) { links.link_with(f, number); });
+    links.finish();
+    if (links.contested()) return false;
+    emit_outlines(fence, subject, links, outlines);
+    return true;
+  });
 }
 
 // Collects pieces as further subjects. A piece that touches itself comes apart there: links are told from one
@@ -107,14 +106,6 @@ private:
   platform::CapiVector<LinePoint> ring_;
 };
 
-void take_off_one(FencePolygon& f, long long total_points, FencePolygon& subject, ClipExtent& limit,
-                  PieceSink& outlines) {
-  const FenceRange alone{&f, f.nextPoly, total_points};
-  RingLinker linker(subject, limit);
-  link_all(alone, subject, linker);
-  emit_outlines(alone, subject, linker.links(), outlines);
-}
-
 // Takes the fence polygons off one after the other: what is left of one round is the next round's subject.
 void take_off_in_turn(const FenceRange& fence, FencePolygon& subject, ClipExtent& limit, PieceSink& sink) {
   Subject pieces(index_of(subject) != nullptr ? Form::kIndexed : Form::kPlain);
@@ -125,7 +116,7 @@ void take_off_in_turn(const FenceRange& fence, FencePolygon& subject, ClipExtent
     NextSubjects next(pieces);
     bool is_hole = false;
     for (FencePolygon* polygon : rest) {
-      take_off_one(*f, fence.total_points, *polygon, limit, next);
+      take_off_at_once({f, f->nextPoly, fence.total_points}, *polygon, limit, next);
       is_hole = is_hole || f->overlap == kFenceInside;
     }
     if (is_hole) holes.push_back(f);
@@ -139,12 +130,7 @@ void take_off_in_turn(const FenceRange& fence, FencePolygon& subject, ClipExtent
 
 void keep_outside(FencePolygon& fence, FencePolygon& subject, ClipExtent& limit, PieceSink& sink) {
   const FenceRange all{&fence, nullptr, fence.totalPoints};
-  RingLinker linker(subject, limit);
-  if (!link_all(all, subject, linker)) {
-    linker.release_fence_rings();
-    return take_off_in_turn(all, subject, limit, sink);
-  }
-  emit_outlines(all, subject, linker.links(), sink);
+  if (!take_off_at_once(all, subject, limit, sink)) return take_off_in_turn(all, subject, limit, sink);
   if (!one_holds_the_subject(all)) emit_holes(all, sink);
 }
 

@@ -17,9 +17,7 @@
 
 #include "clip/candidates.h"
 #include "clip/node_pool.h"
-#include "clip/pair_search.h"
 #include "clip/ring.h"
-#include "clip/subject_ring.h"
 
 #include <algorithm>
 #include <functional>
@@ -86,15 +84,12 @@ bool share_an_edge(const FenceVertex* from, const FenceVertex* to) {
   return from->next2 == to && (other_from->next2 == other_to || other_to->next2 == other_from);
 }
 
-// The part of `ring` from one link with `other` to the next.
-Side side_of_part(FencePolygon& ring, const FenceVertex* from, const FenceVertex* to, FencePolygon& other,
-                  bool clockwise) {
+// The part of a ring from one link with `other` to the next.
+Side side_of_part(const FenceVertex* from, const FenceVertex* to, const FencePolygon& other, bool clockwise) {
   const Side side = agreed_side(side_of(leaving(*from), *from->partner, clockwise),
                                 side_of(arriving(*to).reversed(), *to->partner, clockwise));
   const bool settled = side == Side::kAlong ? share_an_edge(from, to) : side != Side::kUnknown;
   if (settled) return side;
-  complete_ring(ring);
-  complete_ring(other);
   Witness witness(other.first);
   const FenceVertex* v = from;
   do {
@@ -145,54 +140,13 @@ void RingLinker::connect(const Meeting& m, FenceVertex& e, FenceVertex& f, int n
   pair(*on_fence, *on_subject, number);
 }
 
-void RingLinker::link_records(FencePolygon& fence, int number) {
+void RingLinker::link_with(FencePolygon& fence, int number) {
+  new_on_fence_.clear();
   for_each_candidate({fence.first, fence.vertexCount}, {subject_.first, subject_.vertexCount},
                      [&](FenceVertex& e, FenceVertex& f) {
                        const Meeting m = meet(e, f);
                        if (m.found()) connect(m, e, f, number);
                      });
-}
-
-// The subject's edge number f gets its records only when it meets the fence's edge e.
-void RingLinker::link_with_edge(FenceVertex& e, PolygonIndex& subject, int f, int number) {
-  const LinePoint& start = subject.points[static_cast<std::size_t>(f)];
-  const LinePoint& end = subject.points[static_cast<std::size_t>(f) + 1];
-  FenceVertex from, to;
-  from.x = start.x;
-  from.y = start.y;
-  from.dx = end.x - start.x;
-  from.dy = end.y - start.y;
-  from.tolerance = edge_tolerance(from.dx, from.dy);
-  from.next = &to;
-  Meeting m = meet(e, from);
-  if (!m.found()) return;
-  FenceVertex& edge = vertex_with_edge(subject, f);
-  if (m.subject_vertex != nullptr) m.subject_vertex = m.subject_vertex == &from ? &edge : edge.next;
-  connect(m, e, edge, number);
-}
-
-void RingLinker::link_indexed(FencePolygon& fence, PolygonIndex& subject, int number) {
-  if (const PolygonIndex* index = fence_index(fence)) {
-    for_each_near_pair(index->edges, subject.edges,
-                       [&](int e, int f) { link_with_edge(index->vertex(e), subject, f, number); });
-    return;
-  }
-  for_each_vertex(fence.first, [&](FenceVertex& e) {
-    const Box box = {e.extent.xmin, e.extent.ymin, e.extent.xmax, e.extent.ymax};
-    const LinePoint* points = subject.points.data();
-    for (int f = 0; f < subject.count(); ++f) {
-      if (overlap(box, box_of_edge(points[f], points[f + 1]))) link_with_edge(e, subject, f, number);
-    }
-  });
-}
-
-void RingLinker::link_with(FencePolygon& fence, int number) {
-  new_on_fence_.clear();
-  if (PolygonIndex* subject = index_of(subject_)) {
-    link_indexed(fence, *subject, number);
-  } else {
-    link_records(fence, number);
-  }
   thread(new_on_fence_);
 }
 
@@ -206,7 +160,6 @@ void RingLinker::release_fence_rings() {
 }
 
 void RingLinker::finish() {
-  if (index_of(subject_) != nullptr) close_subject_ring(subject_);
   thread(new_on_subject_);
   for (std::size_t i = 0; i + 1 < new_on_subject_.size(); ++i) {
     const FenceVertex &a = *new_on_subject_[i], &b = *new_on_subject_[i + 1];
@@ -233,39 +186,25 @@ VertexList linked_vertices_by_fence(FencePolygon& ring) {
   return linked;
 }
 
-Side side_of_ring(std::span<FenceVertex* const> linked, FencePolygon& ring, FencePolygon& other,
-                  bool other_clockwise) {
+Side side_of_ring(std::span<FenceVertex* const> linked, const FencePolygon& other, bool other_clockwise) {
   Side side = Side::kUnknown;
   for (std::size_t i = 0; i < linked.size(); ++i) {
-    side = side_of_part(ring, linked[i], linked[(i + 1) % linked.size()], other, other_clockwise);
+    side = side_of_part(linked[i], linked[(i + 1) % linked.size()], other, other_clockwise);
     if (side != Side::kAlong) break;
   }
   return side;
 }
 
-int mark_crossings(std::span<FenceVertex* const> linked, FencePolygon& subject, FencePolygon& fence) {
+int mark_crossings(std::span<FenceVertex* const> linked, const FencePolygon& fence) {
   const std::size_t n = linked.size();
   const bool clockwise = fence.mode != CL_KEEP_OUTSIDE;
-  const Side kept = fence.mode == CL_KEEP_OUTSIDE ? Side::kOutside : Side::kInside;
   platform::CapiVector<Side> sides(n);
   for (std::size_t i = 0; i < n; ++i) {
-    sides[i] = side_of_part(subject, linked[i], linked[(i + 1) % n], fence, clockwise);
+    sides[i] = side_of_part(linked[i], linked[(i + 1) % n], fence, clockwise);
   }
-  const auto decided = [](Side s) { return s != Side::kAlong; };
-  const auto last = std::find_if(sides.rbegin(), sides.rend(), decided);
-  if (last == sides.rend()) return 0;
-  std::size_t before = static_cast<std::size_t>(sides.rend() - last) - 1;  // the last decided part
-  int crossings = 0;
-  for (std::size_t i = 0; i < n; ++i) {
-    if (sides[i] == Side::kAlong) continue;
-    if (sides[i] != sides[before]) {
-      const bool entering = sides[i] == kept;
-      mark_pair(*linked[entering ? i : (before + 1) % n], entering ? kCrossing | kEntry : kCrossing);
-      ++crossings;
-    }
-    before = i;
-  }
-  return crossings;
+  return for_each_crossing(sides, fence.mode, [&](std::size_t i, bool entering) {
+    mark_pair(*linked[i], entering ? kCrossing | kEntry : kCrossing);
+  });
 }
 
 }  // namespace Corvane::Print::clip

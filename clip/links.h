@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The Corvane Print authors
 //
-// The links between a subject ring and the fence rings that it meets: finding and inserting them, and then
-// telling crossings from mere touches.
+// The links between a subject ring and the fence rings that it meets, in rings of records: finding and
+// inserting them, and then telling crossings from mere touches.
 #ifndef CORVANE_PRINT_CLIP_LINKS_H
 #define CORVANE_PRINT_CLIP_LINKS_H
 
@@ -11,6 +11,7 @@
 #include "clip/sides.h"
 #include "platform/capi_memory.h"
 
+#include <algorithm>
 #include <span>
 
 namespace Corvane::Print::clip {
@@ -49,9 +50,6 @@ public:
   void release_fence_rings();
 
 private:
-  void link_records(FencePolygon& fence, int number);
-  void link_indexed(FencePolygon& fence, PolygonIndex& subject, int number);
-  void link_with_edge(FenceVertex& e, PolygonIndex& subject, int f, int number);
   void connect(const Meeting& m, FenceVertex& e, FenceVertex& f, int number);
   void pair(FenceVertex& on_fence, FenceVertex& on_subject, int number);
 
@@ -77,12 +75,34 @@ inline int linked_fence(const FenceVertex& v) {
 // other.
 // The side of the other ring on which the one lies, where it does not cross it: unknown without links, along
 // when the rings are the same.
-Side side_of_ring(std::span<FenceVertex* const> linked, FencePolygon& ring, FencePolygon& other,
-                  bool other_clockwise);
+Side side_of_ring(std::span<FenceVertex* const> linked, const FencePolygon& other, bool other_clockwise);
+
+// Calls mark(i, entering) for those of a subject's links, in their order, where it crosses a fence polygon of
+// this mode, entering its kept side or leaving it. sides[i]: that of the part from link i to the next. Returns
+// how many there are.
+template <class Mark>
+int for_each_crossing(std::span<const Side> sides, int mode, Mark&& mark) {
+  const std::size_t n = sides.size();
+  const Side kept = mode == CL_KEEP_OUTSIDE ? Side::kOutside : Side::kInside;
+  const auto last = std::find_if(sides.rbegin(), sides.rend(), [](Side s) { return s != Side::kAlong; });
+  if (last == sides.rend()) return 0;
+  std::size_t before = static_cast<std::size_t>(sides.rend() - last) - 1;  // the last decided part
+  int crossings = 0;
+  for (std::size_t i = 0; i < n; ++i) {
+    if (sides[i] == Side::kAlong) continue;
+    if (sides[i] != sides[before]) {
+      const bool entering = sides[i] == kept;
+      mark(entering ? i : (before + 1) % n, entering);
+      ++crossings;
+    }
+    before = i;
+  }
+  return crossings;
+}
 
 // Marks the crossings among the links of the subject with one fence polygon, on both rings, and those of them
 // where the subject enters the kept side. Returns how many there are.
-int mark_crossings(std::span<FenceVertex* const> linked, FencePolygon& subject, FencePolygon& fence);
+int mark_crossings(std::span<FenceVertex* const> linked, const FencePolygon& fence);
 
 }  // namespace Corvane::Print::clip
 

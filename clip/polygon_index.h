@@ -5,7 +5,7 @@
 // in a row, boxes over its edges, and where each vertex record is.
 //
 // A fence polygon gets its index when a polygon or a line is first clipped by it, and keeps it as long as it
-// lives. A subject's index comes before its vertices: it starts with the points alone, see subject_ring.h.
+// lives. A subject's index stands for its ring, see subject_index.h.
 #ifndef CORVANE_PRINT_CLIP_POLYGON_INDEX_H
 #define CORVANE_PRINT_CLIP_POLYGON_INDEX_H
 
@@ -17,16 +17,28 @@ namespace Corvane::Print::clip {
 
 struct PolygonIndex {
   platform::CapiVector<LinePoint> points;  // in the ring's order from its first vertex, which is repeated
-  platform::CapiVector<FenceVertex*> vertices;  // by number; null where a subject has no record yet
   EdgeIndex edges;
-  RayIndex rays;  // of a fence polygon, once its inside test was asked
+  platform::CapiVector<int> links_at;  // during a clip: the link at each vertex; none while there is no such
 
-  // Of a subject: the numbers of the vertices that have records.
-  platform::CapiVector<int> made;
+  // Of a fence polygon.
+  platform::CapiVector<FenceVertex*> vertices;  // by number
+  RayIndex rays;                                // once its inside test was asked
 
-  int count() const { return static_cast<int>(vertices.size()); }
+  // Of a subject, once a question needed them.
+  platform::CapiVector<FenceVertex> records;
+
+  int count() const { return static_cast<int>(points.size()) - 1; }
+  const LinePoint& point(int number) const { return points[static_cast<std::size_t>(number)]; }
   FenceVertex& vertex(int number) const { return *vertices[static_cast<std::size_t>(number)]; }
+  FenceVertex& record(int number) { return records[static_cast<std::size_t>(number)]; }
 };
+
+inline int following(const PolygonIndex& index, int number) {
+  return number + 1 < index.count() ? number + 1 : 0;
+}
+inline int preceding(const PolygonIndex& index, int number) {
+  return number > 0 ? number - 1 : index.count() - 1;
+}
 
 // An original vertex of an indexed ring carries its number.
 inline int number_of(const FenceVertex& original) {
@@ -43,7 +55,7 @@ inline PolygonIndex* index_of(const FencePolygon& polygon) {
 // then compares all edges.
 PolygonIndex* fence_index(FencePolygon& polygon) noexcept;
 
-// An index with room for a subject of `count` points. Throws std::bad_alloc.
+// An empty index. Throws std::bad_alloc.
 PolygonIndex* new_index();
 void release_index(FencePolygon& polygon) noexcept;
 

@@ -76,7 +76,7 @@ struct FencePolygon {
 
 namespace Corvane::Print::clip {
 
-enum VertexMarker { kOriginal = 0, kInserted = 1, kStretch = 2 };  // kStretch: see subject_ring.h
+enum VertexMarker { kOriginal = 0, kInserted = 1 };
 enum ContainmentStatus { kNoVerdict = 0, kDropped = 1, kKept = 2 };
 enum OverlapState { kApart = 0, kOverlapping = 1, kSubjectInside = 2, kFenceInside = 3 };
 

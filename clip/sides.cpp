@@ -20,17 +20,15 @@ double cross(Direction a, Direction b) {
 double dot(Direction a, Direction b) {
   return a.dx * b.dx + a.dy * b.dy;
 }
-bool has_length(Direction d) {
-  return d.dx != 0.0 || d.dy != 0.0;
-}
 
 // The square of the distance from a point to an edge.
-double distance_squared(const FenceVertex& edge, double x, double y) {
-  const double ex = edge.next->x - edge.x, ey = edge.next->y - edge.y;
+template <class Point>
+double distance_squared(const Point& start, const Point& end, double x, double y) {
+  const double ex = end.x - start.x, ey = end.y - start.y;
   const double squared = ex * ex + ey * ey;
-  double t = squared > 0.0 ? ((x - edge.x) * ex + (y - edge.y) * ey) / squared : 0.0;
+  double t = squared > 0.0 ? ((x - start.x) * ex + (y - start.y) * ey) / squared : 0.0;
   t = std::clamp(t, 0.0, 1.0);
-  const double dx = edge.x + t * ex - x, dy = edge.y + t * ey - y;
+  const double dx = start.x + t * ex - x, dy = start.y + t * ey - y;
   return dx * dx + dy * dy;
 }
 
@@ -93,10 +91,9 @@ Side agreed_side(Side at_start, Side at_end) {
   return Side::kUnknown;
 }
 
-bool encloses(const FenceVertex* first, double x, double y) {
+bool encloses(const RingEdges& ring, double x, double y) {
   bool inside = false;
-  for_each_vertex(first, [&](const FenceVertex& v) {
-    const FenceVertex& end = *v.next;
+  ring.for_each([&](const auto& v, const auto& end) {
     if ((v.y > y) == (end.y > y)) return;
     const double side = (end.x - v.x) * (y - v.y) - (x - v.x) * (end.y - v.y);
     if (end.y > v.y ? side > 0.0 : side < 0.0) inside = !inside;
@@ -112,8 +109,8 @@ void Witness::add_stretch(double x0, double y0, double x1, double y1) {
 
 void Witness::consider(double x, double y) {
   double clearance = kLargest;
-  for_each_vertex(ring_, [&](const FenceVertex& edge) {
-    const double squared = distance_squared(edge, x, y);
+  ring_.for_each([&](const auto& start, const auto& end) {
+    const double squared = distance_squared(start, end, x, y);
     if (squared < clearance) clearance = squared;
   });
   if (!(clearance > clearance_)) return;

@@ -8,7 +8,7 @@
 #include "clip/node_pool.h"
 #include "clip/probe.h"
 #include "clip/ring.h"
-#include "clip/subject_ring.h"
+#include "clip/subject_index.h"
 
 #include <cmath>
 #include <new>
@@ -144,7 +144,7 @@ void Subject::add_polygon(RingPoints ring, int dim) {
   polygon->extent = extent_of(ring);
   polygons_.push_back(polygon);
   polygon->probe = or_throw(take_probe(polygon->extent));
-  start_subject_ring(*polygon, std::move(ring));
+  index_subject(*polygon, std::move(ring));
 }
 
 }  // namespace Corvane::Print::clip

@@ -22,6 +22,8 @@ bool fence_lies_inside(FencePolygon& fence, std::span<FenceVertex* const> linked
 // so that the walk starts away from the fence's edge; else the first.
 FenceVertex* walk_start(const FencePolygon& subject, const FencePolygon& fence);
 
+bool sticks_out(const ClipExtent& extent, double x, double y);
+
 }  // namespace Corvane::Print::clip
 
 #endif

@@ -25,7 +25,7 @@ public:
   }
 
   // With the fence's first polygon, where it has only that one.
-  int crossings() { return clip::mark_crossings(linked, ring, fence); }
+  int crossings() { return clip::mark_crossings(linked, fence); }
   FenceVertex* at(double x, double y) { return vertex_at(ring, x, y); }
 
 private:

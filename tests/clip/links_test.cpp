@@ -213,7 +213,7 @@ TEST(Links, ARingWithoutMeetingsHasNoLinks) {
   EXPECT_EQ(l.linker.links(), 0);
   EXPECT_TRUE(l.linked.empty());
   EXPECT_EQ(l.crossings(), 0);
-  EXPECT_EQ(clip::side_of_ring(l.linked, l.ring, l.fence, true), clip::Side::kUnknown);
+  EXPECT_EQ(clip::side_of_ring(l.linked, l.fence, true), clip::Side::kUnknown);
 }
 
 TEST(Links, EntriesAreMarkedWhereTheSubjectComesOntoTheKeptSide) {
@@ -300,14 +300,14 @@ TEST(Links, ACrossingOutOfTheKeptSideCountsWhereItsChainStarts) {
 TEST(Links, ARingThatRunsAlongTheOtherEverywhereLiesAlong) {
   const Fence fence = inside_of(kSquare);
   Linking l(fence, {{0, 0}, {0, 10}, {10, 10}, {10, 0}});
-  EXPECT_EQ(clip::side_of_ring(l.linked, l.ring, l.fence, true), clip::Side::kAlong);
+  EXPECT_EQ(clip::side_of_ring(l.linked, l.fence, true), clip::Side::kAlong);
 }
 
 TEST(Links, TouchingRingsTellTheirSide) {
   const auto side = [](int mode, const Ring& subject) {
     const Fence fence({kSquare}, mode);
     Linking l(fence, subject);
-    return clip::side_of_ring(l.linked, l.ring, l.fence, mode == CL_KEEP_INSIDE);
+    return clip::side_of_ring(l.linked, l.fence, mode == CL_KEEP_INSIDE);
   };
   for (const int mode : {CL_KEEP_INSIDE, CL_KEEP_OUTSIDE}) {
     EXPECT_EQ(side(mode, {{0, 5}, {5, 8}, {5, 2}}), clip::Side::kInside);
