@@ -9,7 +9,7 @@
 #include "clip/ring.h"
 
 #include <algorithm>
-#include <utility>
+#include <numeric>
 
 namespace Corvane::Print::clip {
 namespace {
@@ -48,20 +48,6 @@ void forget_vertex(PolygonIndex& index, const RingPlace& place) {
   }
 }
 
-// A link with what it is ordered by, so that sorting moves little.
-struct Turn {
-  RingPlace place;
-  int link;
-};
-using Turns = platform::CapiVector<Turn>;
-
-void sort_turns(Turns& turns) {
-  const auto before = [](const Turn& a, const Turn& b) { return comes_before(a.place, b.place); };
-  if (!std::is_sorted(turns.begin(), turns.end(), before)) {
-    std::stable_sort(turns.begin(), turns.end(), before);
-  }
-}
-
 }  // namespace
 
 void IndexedLinks::link_with(FencePolygon& fence, int number) {
@@ -88,7 +74,7 @@ void IndexedLinks::connect(const Meeting& m, int e, int f) {
   const RingPlace on_subject = place_on(points_, f, m.on_subject, m.subject_param);
   if (link_at(fence, on_fence) != kNone) return;
   if (const int earlier = link_at(points_, on_subject); earlier != kNone) {
-    contested_ = contested_ || links_[static_cast<std::size_t>(earlier)].fence != fence_number;
+    contested_ = contested_ || at(earlier).fence != fence_number;
     return;
   }
   LinePoint point = points_.point(on_subject.edge);
@@ -101,7 +87,7 @@ void IndexedLinks::connect(const Meeting& m, int e, int f) {
     point.y = on_fence.at_vertex() ? corner.y : start.y + u * (end.y - start.y);
     point.z = start.z + u * (end.z - start.z);
   }
-  links_.push_back({point, {on_subject, on_fence}, fence_number, 0, 0});
+  links_.push_back({point, {on_subject, on_fence}, fence_number, {0, 0}, 0});
   link_vertex(points_, on_subject, count() - 1);
   link_vertex(fence, on_fence, count() - 1);
   include_point(limit_, point.x, point.y);
@@ -117,55 +103,60 @@ IndexedLinks::~IndexedLinks() {
 }
 
 void IndexedLinks::finish() {
-  order_along_fences();
-  order_along_subject();
+  order_[kOnSubject].resize(links_.size());
+  order_[kOnFence].resize(links_.size());
+  by_fence_.resize(links_.size());
+  put_in_order(kOnSubject, 0, count(), points_.count());
+  for (const LinkedFence& fence : fences_) {
+    put_in_order(kOnFence, fence.begin, fence.end, fence.index->count());
+  }
+  list_by_fence();
   find_contested();
 }
 
-void IndexedLinks::order_along_fences() {
-  along_fences_.reserve(links_.size());
-  Turns turns;
-  for (const LinkedFence& fence : fences_) {
-    turns.clear();
-    for (int i = fence.begin; i < fence.end; ++i) {
-      turns.push_back({links_[static_cast<std::size_t>(i)].place[kOnFence], i});
+// By edge, along the edge, and links at one place as they were found. Where links are as many as edges they
+// are counted into place, in the order in which they were found; few are sorted.
+void IndexedLinks::put_in_order(WhichRing ring, int begin, int end, int edges) {
+  const auto place = [&](int link) -> const RingPlace& { return at(link).place[ring]; };
+  const auto before = [&](int a, int b) {
+    if (place(a).edge != place(b).edge) return place(a).edge < place(b).edge;
+    return place(a).param != place(b).param ? place(a).param < place(b).param : a < b;
+  };
+  const auto order = order_[ring].begin();
+  if (end - begin < edges / 16) {
+    std::iota(order + begin, order + end, begin);
+    std::sort(order + begin, order + end, before);
+  } else {
+    Numbers next(static_cast<std::size_t>(edges) + 1);  // place in the order, for each edge
+    for (int i = begin; i < end; ++i) ++next[static_cast<std::size_t>(place(i).edge) + 1];
+    std::partial_sum(next.begin(), next.end(), next.begin());
+    for (int i = begin; i < end; ++i) order[begin + next[static_cast<std::size_t>(place(i).edge)]++] = i;
+    for (int from = begin, to; from < end; from = to) {
+      for (to = from + 1; to < end && place(order[to]).edge == place(order[from]).edge;) ++to;
+      if (to - from > 1) std::sort(order + from, order + to, before);
     }
-    sort_turns(turns);
-    for (const Turn& turn : turns) along_fences_.push_back(turn.link);
   }
-  for (std::size_t i = 0; i < along_fences_.size(); ++i) {
-    links_[static_cast<std::size_t>(along_fences_[i])].turn = static_cast<int>(i);
-  }
+  for (int i = begin; i < end; ++i) at(order[i]).turn[ring] = i;
 }
 
-void IndexedLinks::order_along_subject() {
-  Turns turns;
-  turns.reserve(links_.size());
-  for (int i = 0; i < count(); ++i)
-    turns.push_back({links_[static_cast<std::size_t>(i)].place[kOnSubject], i});
-  sort_turns(turns);
-  platform::CapiVector<Link> ordered;
-  ordered.reserve(links_.size());
-  for (const Turn& turn : turns) ordered.push_back(links_[static_cast<std::size_t>(turn.link)]);
-  links_ = std::move(ordered);
-  by_fence_.resize(links_.size());
-  Numbers next;  // place in by_fence_, for each fence polygon
+void IndexedLinks::list_by_fence() {
+  Numbers next;  // place in the list, for each fence polygon
   for (const LinkedFence& fence : fences_) next.push_back(fence.begin);
-  for (int i = 0; i < count(); ++i) {
-    const Link& link = links_[static_cast<std::size_t>(i)];
-    along_fences_[static_cast<std::size_t>(link.turn)] = i;
-    by_fence_[static_cast<std::size_t>(next[static_cast<std::size_t>(link.fence)]++)] = i;
+  for (const int link : order_[kOnSubject]) {
+    by_fence_[static_cast<std::size_t>(next[static_cast<std::size_t>(at(link).fence)]++)] = link;
   }
 }
 
 // Neighbours on one edge of the subject, closer than snapping tells apart.
 void IndexedLinks::find_contested() {
+  if (fences_.size() < 2) return;
   FenceVertex edge = {};
   for (std::size_t i = 0; i + 1 < links_.size(); ++i) {
-    const RingPlace &a = links_[i].place[kOnSubject], &b = links_[i + 1].place[kOnSubject];
-    if (links_[i].fence == links_[i + 1].fence || a.edge != b.edge || a.at_vertex()) continue;
-    load_edge(edge, points_, a.edge);
-    if (b.param - a.param <= edge.tolerance) contested_ = true;
+    const Link &a = at(order_[kOnSubject][i]), &b = at(order_[kOnSubject][i + 1]);
+    const RingPlace &from = a.place[kOnSubject], &to = b.place[kOnSubject];
+    if (a.fence == b.fence || from.edge != to.edge || from.at_vertex()) continue;
+    load_edge(edge, points_, from.edge);
+    if (to.param - from.param <= edge.tolerance) contested_ = true;
   }
 }
 
@@ -174,17 +165,16 @@ const PolygonIndex& IndexedLinks::index_on(WhichRing ring, const Link& link) con
 }
 
 int IndexedLinks::next_on(WhichRing ring, int link) const {
-  if (ring == kOnSubject) return link + 1 < count() ? link + 1 : 0;
-  const Link& here = links_[static_cast<std::size_t>(link)];
-  const LinkedFence& fence = fences_[static_cast<std::size_t>(here.fence)];
-  return along_fences_[static_cast<std::size_t>(here.turn + 1 < fence.end ? here.turn + 1 : fence.begin)];
+  const int next = at(link).turn[ring] + 1;
+  const LinkedFence& fence = fences_[static_cast<std::size_t>(at(link).fence)];
+  const int begin = ring == kOnSubject ? 0 : fence.begin, end = ring == kOnSubject ? count() : fence.end;
+  return order_[ring][static_cast<std::size_t>(next < end ? next : begin)];
 }
 
-PointsBetween IndexedLinks::points_after(WhichRing ring, int link) const {
-  const int next = next_on(ring, link);
-  const Link &here = links_[static_cast<std::size_t>(link)], &there = links_[static_cast<std::size_t>(next)];
-  const bool passes_start = ring == kOnSubject ? next <= link : there.turn <= here.turn;
-  return points_between(index_on(ring, here), here.place[ring], there.place[ring], passes_start);
+PointsBetween IndexedLinks::points_between(WhichRing ring, int link, int next) const {
+  const Link &here = at(link), &there = at(next);
+  return clip::points_between(index_on(ring, here), here.place[ring], there.place[ring],
+                              there.turn[ring] <= here.turn[ring]);
 }
 
 std::span<const int> IndexedLinks::links_with(int number, const Numbers& order) const {

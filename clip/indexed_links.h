@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The Corvane Print authors
 //
-// Links in the indexed form: small entries in the order of the subject, and for each fence polygon their
-// numbers in the order of its ring. The rings themselves are left alone; a walk goes from link to link and
+// Links in the indexed form: small entries as they are found, and their numbers in the order of the subject
+// and of each fence polygon's ring. The rings themselves are left alone; a walk goes from link to link and
 // copies the points between.
 //
 // What it buys: two outlines of 100,000 points that cross 55,000 times cost a few megabytes, read mostly from
@@ -29,7 +29,7 @@ struct Link {
   LinePoint point;
   RingPlace place[2];  // by WhichRing
   int fence;           // which of the linked fence polygons
-  int turn;            // its position in the order of the fence's ring
+  int turn[2];         // by WhichRing: its position in the order of that ring
   int bits;            // LinkMarker
 };
 
@@ -56,20 +56,23 @@ private:
   struct LinkedFence {
     PolygonIndex* index;
     int number;
-    int begin, end;  // its links, in along_fences_ and in by_fence_
+    int begin, end;  // its links, in links_, in the order along fence rings and in by_fence_
   };
   using Numbers = platform::CapiVector<int>;
 
+  Link& at(int link) { return links_[static_cast<std::size_t>(link)]; }
+  const Link& at(int link) const { return links_[static_cast<std::size_t>(link)]; }
+
   // Finding (indexed_links).
   void connect(const Meeting& m, int e, int f);
-  void order_along_fences();
-  void order_along_subject();
+  void put_in_order(WhichRing ring, int begin, int end, int edges);
+  void list_by_fence();
   void find_contested();
 
   // Walking (indexed_links).
   const PolygonIndex& index_on(WhichRing ring, const Link& link) const;
   int next_on(WhichRing ring, int link) const;
-  PointsBetween points_after(WhichRing ring, int link) const;
+  PointsBetween points_between(WhichRing ring, int link, int next) const;
   std::span<const int> links_with(int number, const Numbers& order) const;
 
   // Sides (indexed_sides).
@@ -88,10 +91,10 @@ private:
   FencePolygon& subject_;
   PolygonIndex& points_;  // of the subject
   ClipExtent& limit_;
-  platform::CapiVector<Link> links_;  // as they are found, after finish() along the subject
+  platform::CapiVector<Link> links_;  // as they were found
   platform::CapiVector<LinkedFence> fences_;
-  Numbers along_fences_;  // links, fence by fence, each in the order of its ring
-  Numbers by_fence_;      // links, fence by fence, each in the order of the subject
+  Numbers order_[2];  // by WhichRing: links along the subject; along the fence's rings, one after the other
+  Numbers by_fence_;  // links fence by fence, each in the order of the subject
   platform::CapiVector<FenceVertex> inserted_;  // see lead_records_through_links
   bool contested_ = false;
 };

@@ -39,13 +39,14 @@ long long IndexedLinks::emit_piece(int start, long long most_steps, PieceSink& s
   int here = start;
   sink.begin_piece();
   do {
-    emit_link(links_[static_cast<std::size_t>(here)], ring, sink);
+    emit_link(at(here), ring, sink);
     ++steps;
-    const PointsBetween between = points_after(ring, here);
+    const int next = next_on(ring, here);
+    const PointsBetween between = points_between(ring, here, next);
     steps += emit_row(between.first, most_steps - steps, sink);
     steps += emit_row(between.then, most_steps - steps, sink);
-    here = next_on(ring, here);
-    Link& there = links_[static_cast<std::size_t>(here)];
+    here = next;
+    Link& there = at(here);
     if ((there.bits & kCrossing) != 0) {
       there.bits |= kVisited;
       ring = other_of(ring);
@@ -57,12 +58,13 @@ long long IndexedLinks::emit_piece(int start, long long most_steps, PieceSink& s
 
 void IndexedLinks::emit_pieces(const FencePolygon& fence, long long most_steps, PieceSink& sink) {
   const RingPlace start = {0.0, walk_start(fence)};
-  const auto before_start = [&](const Link& link) { return comes_before(link.place[kOnSubject], start); };
-  const int first =
-      static_cast<int>(std::partition_point(links_.begin(), links_.end(), before_start) - links_.begin());
+  const Numbers& order = order_[kOnSubject];
+  const auto before_start = [&](int link) { return comes_before(at(link).place[kOnSubject], start); };
+  const auto first = std::partition_point(order.begin(), order.end(), before_start) - order.begin();
   for (int i = 0; i < count() && most_steps > 0; ++i) {
-    const int link = first + i < count() ? first + i : first + i - count();
-    const int bits = links_[static_cast<std::size_t>(link)].bits;
+    const auto turn = first + i < count() ? first + i : first + i - count();
+    const int link = order[static_cast<std::size_t>(turn)];
+    const int bits = at(link).bits;
     if ((bits & kEntry) != 0 && (bits & kVisited) == 0) most_steps -= emit_piece(link, most_steps, sink);
   }
 }
@@ -71,9 +73,10 @@ void IndexedLinks::emit_pieces(const FencePolygon& fence, long long most_steps, 
 int IndexedLinks::walk_start(const FencePolygon& fence) const {
   int number = 0;
   if (within_xy(subject_.extent, fence.extent)) {
-    for (const Link& link : links_) {
-      if (link.place[kOnSubject].edge > number) break;
-      if (link.place[kOnSubject].at_vertex()) ++number;
+    for (const int link : order_[kOnSubject]) {
+      const RingPlace& place = at(link).place[kOnSubject];
+      if (place.edge > number) break;
+      if (place.at_vertex()) ++number;
     }
     return number < points_.count() ? number : 0;
   }

@@ -18,7 +18,7 @@ const LinePoint& IndexedLinks::point_on(WhichRing ring, const Link& link) const 
 // The part of `ring` from one link with the other ring to the next.
 Side IndexedLinks::side_of_part(WhichRing ring, int from, int to, bool clockwise) const {
   const WhichRing other = other_of(ring);
-  const Link &a = links_[static_cast<std::size_t>(from)], &b = links_[static_cast<std::size_t>(to)];
+  const Link &a = at(from), &b = at(to);
   const PolygonIndex &index = index_on(ring, a), &other_index = index_on(other, a);
   const Side side = agreed_side(
       side_of(leaving(index, a.place[ring]), leaving(other_index, a.place[other]),
@@ -33,13 +33,13 @@ Side IndexedLinks::side_of_part(WhichRing ring, int from, int to, bool clockwise
 bool IndexedLinks::share_an_edge(WhichRing ring, int from, int to) const {
   const WhichRing other = other_of(ring);
   const auto adjoin = [&](WhichRing on, int a, int b) {
-    return next_on(on, a) == b && points_after(on, a).empty();
+    return next_on(on, a) == b && points_between(on, a, b).empty();
   };
   return adjoin(ring, from, to) && (adjoin(other, from, to) || adjoin(other, to, from));
 }
 
 Side IndexedLinks::side_by_witness(WhichRing ring, int from, int to) const {
-  const Link& start = links_[static_cast<std::size_t>(from)];
+  const Link& start = at(from);
   Witness witness(std::span<const LinePoint>(index_on(other_of(ring), start).points));
   const LinePoint* last = &point_on(ring, start);
   const auto go_to = [&](const LinePoint& p) {
@@ -48,11 +48,12 @@ Side IndexedLinks::side_by_witness(WhichRing ring, int from, int to) const {
   };
   int link = from;
   do {
-    const PointsBetween between = points_after(ring, link);
+    const int next = next_on(ring, link);
+    const PointsBetween between = points_between(ring, link, next);
     for (const LinePoint& p : between.first) go_to(p);
     for (const LinePoint& p : between.then) go_to(p);
-    link = next_on(ring, link);
-    go_to(point_on(ring, links_[static_cast<std::size_t>(link)]));
+    link = next;
+    go_to(point_on(ring, at(link)));
   } while (link != to);
   return witness.side();
 }
@@ -66,7 +67,7 @@ int IndexedLinks::mark_crossings(FencePolygon& fence, int number) {
     sides[i] = side_of_part(kOnSubject, with_fence[i], with_fence[i + 1 < n ? i + 1 : 0], clockwise);
   }
   return for_each_crossing(sides, fence.mode, [&](std::size_t i, bool entering) {
-    links_[static_cast<std::size_t>(with_fence[i])].bits |= entering ? kCrossing | kEntry : kCrossing;
+    at(with_fence[i]).bits |= entering ? kCrossing | kEntry : kCrossing;
   });
 }
 
@@ -96,7 +97,7 @@ bool IndexedLinks::subject_lies_inside(FencePolygon& fence, int number) {
 
 bool IndexedLinks::fence_lies_inside(FencePolygon& fence, int number) {
   subject_.mode = CL_KEEP_INSIDE;
-  const Side side = side_of_ring(kOnFence, links_with(number, along_fences_), true);
+  const Side side = side_of_ring(kOnFence, links_with(number, order_[kOnFence]), true);
   bool inside = side != Side::kOutside;
   if (side == Side::kUnknown) {
     inside = within_xy(fence.extent, subject_.extent);
@@ -116,7 +117,8 @@ void IndexedLinks::lead_records_through_links() {
   if (!inserted_.empty()) return;
   inserted_.reserve(links_.size());
   int last_edge = -1;
-  for (const Link& link : links_) {
+  for (const int number : order_[kOnSubject]) {
+    const Link& link = at(number);
     const RingPlace& place = link.place[kOnSubject];
     if (place.at_vertex() || place.edge == last_edge) continue;
     last_edge = place.edge;

@@ -91,7 +91,9 @@ private:
   void search_block(int block, int inner_level, Stretch near) {
     const int first = block * EdgeIndex::kFan;
     const int end = std::min(first + EdgeIndex::kFan, outer_.edges());
-    const Box& around = inner_.box(inner_.levels() - 1, 0);
+    GrowingBox growing;
+    for (std::size_t i = near.begin; i < near.end; ++i) growing.include(inner_.box(inner_level, blocks_[i]));
+    const Box around = growing.box();
     for (int e = first; e < end; ++e) {
       const LinePoint &start = outer_.points()[e], &stop = outer_.points()[e + 1];
       const Box box = box_of_edge(start, stop);
