@@ -5,6 +5,7 @@
 // overflow them, and stop at the largest int on their way out.
 #include "clip/output_room.h"
 
+#include "clip/box_vector.h"
 #include "corvane/print/cl.h"
 
 #include <algorithm>
@@ -71,7 +72,14 @@ void OutputRoom::points(std::span<const LinePoint> row) {
     }
   }
   points_counted_ += std::ssize(row);
-  for (const LinePoint& p : row) grow_extent(p.x, p.y);
+  GrowingBox growing;
+  growing.include(Box{xmin_, ymin_, xmax_, ymax_});
+  for (const LinePoint& p : row) growing.include(p);
+  const Box box = growing.box();
+  xmin_ = box.xmin;
+  ymin_ = box.ymin;
+  xmax_ = box.xmax;
+  ymax_ = box.ymax;
 }
 
 void OutputRoom::end_piece() {

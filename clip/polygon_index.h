@@ -12,11 +12,12 @@
 #include "clip/edge_index.h"
 #include "clip/ray_index.h"
 #include "clip/records.h"
+#include "clip/ring_points.h"
 
 namespace Corvane::Print::clip {
 
 struct PolygonIndex {
-  platform::CapiVector<LinePoint> points;  // in the ring's order from its first vertex, which is repeated
+  RingPoints points;  // in the ring's order from its first vertex, which is repeated
   EdgeIndex edges;
   platform::CapiVector<int> links_at;  // during a clip: the link at each vertex; none while there is no such
 

@@ -4,74 +4,75 @@
 
 #include "clip/ring.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstddef>
 
 namespace Corvane::Print::clip {
+namespace {
 
-RingPoints read_ring(const double* points, int count, int dim) {
+template <int kDim>
+LinePoint point_at(const double* p) {
+  return {p[0], p[1], kDim == 3 ? p[2] : 0.0};
+}
+
+// The first point, then the others from `next` on, `step` doubles apart. The last goes where it repeats the
+// first.
+template <int kDim>
+RingPoints distinct_points(const double* first, const double* next, std::ptrdiff_t step, int count) {
   RingPoints ring(static_cast<std::size_t>(count) + 1);
-  LinePoint* to = ring.data();
-  if (dim == 3) {
-    for (int i = 0; i < count; ++i, points += 3) *to++ = {points[0], points[1], points[2]};
-  } else {
-    for (int i = 0; i < count; ++i, points += 2) *to++ = {points[0], points[1], 0.0};
+  LinePoint* const begin = ring.data();
+  LinePoint* last = begin;
+  *begin = point_at<kDim>(first);
+  for (int i = 1; i < count; ++i, next += step) {
+    const LinePoint p = point_at<kDim>(next);
+    if (!same_place(*last, p)) *++last = p;
   }
-  *to = ring.front();
+  if (last != begin && same_place(*last, *begin)) --last;
+  *++last = *begin;
+  ring.resize(static_cast<std::size_t>(last - begin) + 1);
   return ring;
 }
 
-RingPoints points_of_ring(const FenceVertex* first) {
-  RingPoints ring;
-  for_each_vertex(first, [&](const FenceVertex& v) { ring.push_back({v.x, v.y, v.z}); });
-  ring.push_back(ring.front());
-  return ring;
-}
+}  // namespace
 
-double shoelace_sum(const RingPoints& ring) {
+double shoelace_sum(const double* points, int count, int dim) {
   double sum = 0.0;
-  for (std::size_t i = 0; i + 1 < ring.size(); ++i)
-    sum += ring[i].x * ring[i + 1].y - ring[i].y * ring[i + 1].x;
-  return sum;
+  const double* p = points;
+  for (int i = 1; i < count; ++i, p += dim) sum += p[0] * p[dim + 1] - p[1] * p[dim];
+  return sum + (p[0] * points[1] - p[1] * points[0]);
 }
 
-void reverse_ring(RingPoints& ring) {
-  std::reverse(ring.begin(), ring.end());
-}
-
-DepthRange depth_of(const RingPoints& ring) {
-  DepthRange range{ring.front().z, ring.front().z};
-  for (const LinePoint& p : ring) {
-    if (p.z < range.low) range.low = p.z;
-    if (p.z > range.high) range.high = p.z;
+DepthRange depth_of(const double* points, int count) {
+  DepthRange range{points[2], points[2]};
+  for (int i = 0; i < count; ++i, points += 3) {
+    if (points[2] < range.low) range.low = points[2];
+    if (points[2] > range.high) range.high = points[2];
   }
   return range;
 }
 
-bool has_depth(const RingPoints& ring) {
-  return std::none_of(ring.begin(), ring.end(), [](const LinePoint& p) { return std::isnan(p.z); });
-}
-
-// The ring's repeated first point is put back at the end.
-void drop_repeated_points(RingPoints& ring) {
-  const std::size_t count = ring.size() - 1;
-  std::size_t kept = 1;
-  for (std::size_t i = 1; i < count; ++i) {
-    if (!same_place(ring[kept - 1], ring[i])) ring[kept++] = ring[i];
+bool has_depth(const double* points, int count) {
+  for (int i = 0; i < count; ++i, points += 3) {
+    if (std::isnan(points[2])) return false;
   }
-  if (kept > 1 && same_place(ring[kept - 1], ring[0])) --kept;
-  ring[kept] = ring[0];
-  ring.resize(kept + 1);
+  return true;
 }
 
-ClipExtent extent_of(const RingPoints& ring) {
-  ClipExtent extent = empty_extent();
-  for (const LinePoint& p : ring) include_point(extent, p.x, p.y);
-  const DepthRange depth = depth_of(ring);
-  extent.zmin = depth.low;
-  extent.zmax = depth.high;
-  return extent;
+RingPoints read_ring(const double* points, int count, int dim) {
+  const double* second = points + dim;
+  return dim == 3 ? distinct_points<3>(points, second, 3, count)
+                  : distinct_points<2>(points, second, 2, count);
+}
+
+RingPoints read_ring_backwards(const double* points, int count, int dim) {
+  const double* last = points + (static_cast<std::ptrdiff_t>(count) - 1) * dim;
+  return dim == 3 ? distinct_points<3>(points, last, -3, count) : distinct_points<2>(points, last, -2, count);
+}
+
+RingPoints points_of_ring(const FenceVertex* first) {
+  platform::CapiVector<LinePoint> points;
+  for_each_vertex(first, [&](const FenceVertex& v) { points.push_back({v.x, v.y, v.z}); });
+  return read_ring(&points.front().x, static_cast<int>(points.size()), 3);
 }
 
 }  // namespace Corvane::Print::clip

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The Corvane Print authors
 //
-// A subject's ring as points in a row, before it has any records, and what ring.h does to records: the same
-// operations in the same order, for the same bits.
+// A subject's ring as points in a row, and what ring.h does to records: the same operations in the same order,
+// for the same bits. Input is asked before it is copied, and copied once.
 #ifndef CORVANE_PRINT_CLIP_RING_POINTS_H
 #define CORVANE_PRINT_CLIP_RING_POINTS_H
 
@@ -13,27 +13,23 @@
 namespace Corvane::Print::clip {
 
 // The points of a ring, and the first of them once more at the end. Never fewer than two entries.
-using RingPoints = platform::CapiVector<LinePoint>;
+using RingPoints = platform::CapiRawVector<LinePoint>;
 
 struct DepthRange {
   double low, high;
 };
 
-// `count` >= 1 points of `dim` doubles each. Throws std::bad_alloc.
+// Of `count` >= 1 points of `dim` doubles each.
+double shoelace_sum(const double* points, int count, int dim);
+
+// Of `count` >= 1 points of 3 doubles each.
+DepthRange depth_of(const double* points, int count);
+bool has_depth(const double* points, int count);  // whether every z is a number
+
+// Without repeated points. Backwards, too, the first point is the first. Throws std::bad_alloc.
 RingPoints read_ring(const double* points, int count, int dim);
+RingPoints read_ring_backwards(const double* points, int count, int dim);
 RingPoints points_of_ring(const FenceVertex* first);
-
-double shoelace_sum(const RingPoints& ring);
-void reverse_ring(RingPoints& ring);  // the first point stays the first
-DepthRange depth_of(const RingPoints& ring);
-
-// Whether every z is a number.
-bool has_depth(const RingPoints& ring);
-
-void drop_repeated_points(RingPoints& ring);
-
-// Of x, y and z.
-ClipExtent extent_of(const RingPoints& ring);
 
 }  // namespace Corvane::Print::clip
 

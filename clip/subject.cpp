@@ -81,22 +81,22 @@ void Subject::add_parts(const FencePolygon& fence, int dim, FenceVertex* ring) {
     if (form_ == Form::kPlain) {
       add_polygon(part, dim);
     } else {
-      add_polygon(points_of_ring(part), dim);
+      add_polygon(points_of_ring(part), dim, shoelace_sum(part));
     }
   }
 }
 
 // Without records, unless the depth range cuts the subject.
 void Subject::build_points(const FencePolygon& fence, int dim, int count, const double* points) {
-  RingPoints ring = read_ring(points, count, dim);
-  const double sum = shoelace_sum(ring);
-  if (sum > 0.0) reverse_ring(ring);
-  const DepthRange depth = dim == 2 ? DepthRange{0.0, 0.0} : depth_of(ring);
+  const double sum = shoelace_sum(points, count, dim);
+  const DepthRange depth = dim == 2 ? DepthRange{0.0, 0.0} : clip::depth_of(points, count);
   if (!has_area(sum) || !within_depth(fence, depth)) return;
   const bool all_within = depth.low >= fence.extent.zmin && depth.high <= fence.extent.zmax;
-  if (!cuts_depth(fence, dim) || (all_within && has_depth(ring))) return add_polygon(std::move(ring), dim);
-  ring.pop_back();
-  add_parts(fence, dim, or_throw(build_ring(&ring.front().x, count, 3)));
+  if (cuts_depth(fence, dim) && !(all_within && has_depth(points, count))) {
+    return build_records(fence, dim, count, points);
+  }
+  const auto read = sum > 0.0 ? read_ring_backwards : read_ring;
+  add_polygon(read(points, count, dim), dim, sum);
 }
 
 void Subject::add_pieces(const Polylines& rings) {
@@ -108,7 +108,7 @@ void Subject::add_pieces(const Polylines& rings) {
     if (form_ == Form::kPlain) {
       add_polygon(or_throw(build_ring(points, count, 3)), 3);
     } else {
-      add_polygon(read_ring(points, count, 3), 3);
+      add_polygon(read_ring(points, count, 3), 3, shoelace_sum(points, count, 3));
     }
     begin = end;
   }
@@ -135,16 +135,18 @@ void Subject::add_polygon(FenceVertex* ring, int dim) {
   polygon->probe = or_throw(take_probe(polygon->extent));
 }
 
-void Subject::add_polygon(RingPoints ring, int dim) {
+void Subject::add_polygon(RingPoints ring, int dim, double shoelace) {
   FencePolygon* polygon = or_throw(take_header());
   polygon->dim = dim;
   polygon->clockwise = 1;
-  polygon->area = std::fabs(shoelace_sum(ring)) / 2.0;
-  drop_repeated_points(ring);
-  polygon->extent = extent_of(ring);
+  polygon->area = std::fabs(shoelace) / 2.0;
+  const int count = static_cast<int>(ring.size()) - 1;
+  const DepthRange depth = dim == 2 ? DepthRange{0.0, 0.0} : clip::depth_of(&ring.front().x, count);
   polygons_.push_back(polygon);
-  polygon->probe = or_throw(take_probe(polygon->extent));
   index_subject(*polygon, std::move(ring));
+  polygon->extent.zmin = depth.low;
+  polygon->extent.zmax = depth.high;
+  polygon->probe = or_throw(take_probe(polygon->extent));
 }
 
 }  // namespace Corvane::Print::clip

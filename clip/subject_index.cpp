@@ -14,6 +14,11 @@ void index_subject(FencePolygon& subject, RingPoints points) {
   index->points = std::move(points);
   subject.vertexCount = index->count();
   index->edges.build(index->points.data(), index->count());
+  const Box& all = index->edges.box(index->edges.levels() - 1, 0);
+  subject.extent.xmin = all.xmin;
+  subject.extent.ymin = all.ymin;
+  subject.extent.xmax = all.xmax;
+  subject.extent.ymax = all.ymax;
 }
 
 void make_records(FencePolygon& subject) {

@@ -7,11 +7,11 @@
 #define CORVANE_PRINT_CLIP_SUBJECT_INDEX_H
 
 #include "clip/polygon_index.h"
-#include "clip/ring_points.h"
 
 namespace Corvane::Print::clip {
 
-// Gives the polygon its index, which it owns from now on, and its vertex count. Throws std::bad_alloc.
+// Gives the polygon its index, which it owns from now on, its vertex count and its x/y extent. Throws
+// std::bad_alloc.
 void index_subject(FencePolygon& subject, RingPoints points);
 
 // Gives an indexed subject the ring of records that a plain one has, for the rare questions that walk one.

@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <limits>
 #include <new>
+#include <utility>
 #include <vector>
 
 namespace Corvane::Print::platform {
@@ -53,6 +54,27 @@ struct CapiAllocator {
 
 template <class T>
 using CapiVector = std::vector<T, CapiAllocator<T>>;
+
+// The same for plain data that is written in full as soon as there is room for it: what a vector makes of its
+// own accord has no value.
+template <class T>
+struct CapiRawAllocator : CapiAllocator<T> {
+  template <class U>
+  struct rebind {
+    using other = CapiRawAllocator<U>;
+  };
+  template <class U>
+  void construct(U* p) noexcept {
+    ::new (static_cast<void*>(p)) U;
+  }
+  template <class U, class V, class... Rest>
+  void construct(U* p, V&& value, Rest&&... rest) {
+    ::new (static_cast<void*>(p)) U(std::forward<V>(value), std::forward<Rest>(rest)...);
+  }
+};
+
+template <class T>
+using CapiRawVector = std::vector<T, CapiRawAllocator<T>>;
 
 }  // namespace Corvane::Print::platform
 
