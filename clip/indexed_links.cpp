@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The Corvane Print authors
 //
-// Finding links and putting them in order. The rules are those of links.cpp: who comes first has a vertex, and
-// links at one place keep the order in which they were found.
+// Finding links and putting them in order. The rules are those of links.cpp: who comes first has a vertex,
+// and links at one place keep the order in which they were found.
 #include "clip/indexed_links.h"
 
 #include "clip/pair_search.h"

@@ -20,11 +20,11 @@ Side IndexedLinks::side_of_part(WhichRing ring, int from, int to, bool clockwise
   const WhichRing other = other_of(ring);
   const Link &a = at(from), &b = at(to);
   const PolygonIndex &index = index_on(ring, a), &other_index = index_on(other, a);
-  const Side side = agreed_side(
-      side_of(leaving(index, a.place[ring]), leaving(other_index, a.place[other]),
-              arriving(other_index, a.place[other]).reversed(), clockwise),
-      side_of(arriving(index, b.place[ring]).reversed(), leaving(other_index, b.place[other]),
-              arriving(other_index, b.place[other]).reversed(), clockwise));
+  const Side side =
+      agreed_side(side_of(leaving(index, a.place[ring]), leaving(other_index, a.place[other]),
+                          arriving(other_index, a.place[other]).reversed(), clockwise),
+                  side_of(arriving(index, b.place[ring]).reversed(), leaving(other_index, b.place[other]),
+                          arriving(other_index, b.place[other]).reversed(), clockwise));
   const bool settled = side == Side::kAlong ? share_an_edge(ring, from, to) : side != Side::kUnknown;
   return settled ? side : side_by_witness(ring, from, to);
 }

@@ -78,8 +78,8 @@ inline int linked_fence(const FenceVertex& v) {
 Side side_of_ring(std::span<FenceVertex* const> linked, const FencePolygon& other, bool other_clockwise);
 
 // Calls mark(i, entering) for those of a subject's links, in their order, where it crosses a fence polygon of
-// this mode, entering its kept side or leaving it. sides[i]: that of the part from link i to the next. Returns
-// how many there are.
+// this mode, entering its kept side or leaving it. sides[i]: that of the part from link i to the next.
+// Returns how many there are.
 template <class Mark>
 int for_each_crossing(std::span<const Side> sides, int mode, Mark&& mark) {
   const std::size_t n = sides.size();

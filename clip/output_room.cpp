@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cassert>
 #include <cstddef>
+#include <cstring>
 
 namespace Corvane::Print::clip {
 namespace {
@@ -58,24 +59,48 @@ void OutputRoom::point(double x, double y, double z) {
   grow_extent(x, y);
 }
 
-// As if point() were called for each of them.
+// As if point() were called for each of them. Long rows go in portions that the fastest cache holds between
+// writing and measuring.
 void OutputRoom::points(std::span<const LinePoint> row) {
-  if (piece_fits() && point_fits() && !row.empty()) {
-    const std::int64_t room = usable_points_ - points_counted_;
-    const std::size_t count = static_cast<std::size_t>(std::min<std::int64_t>(room, std::ssize(row)));
-    double* at = points_ + static_cast<std::size_t>(points_counted_) * static_cast<std::size_t>(dim_);
-    for (const LinePoint& p : row.first(count)) {
-      at[0] = p.x;
-      at[1] = p.y;
-      at[2] = p.z;
-      at += dim_;
-    }
+  constexpr std::size_t kPortion = 512;
+  while (!row.empty()) {
+    const auto portion = row.first(std::min(row.size(), kPortion));
+    if (piece_fits() && point_fits()) write(portion);
+    points_counted_ += std::ssize(portion);
+    grow_extent(portion);
+    row = row.subspan(portion.size());
   }
-  points_counted_ += std::ssize(row);
-  GrowingBox growing;
-  growing.include(Box{xmin_, ymin_, xmax_, ymax_});
-  for (const LinePoint& p : row) growing.include(p);
-  const Box box = growing.box();
+}
+
+// What fits of a row that is not empty. The third double of a flat point is the next point's place.
+void OutputRoom::write(std::span<const LinePoint> row) {
+  const std::int64_t room = usable_points_ - points_counted_;
+  row = row.first(static_cast<std::size_t>(std::min<std::int64_t>(room, std::ssize(row))));
+  double* at = points_ + static_cast<std::size_t>(points_counted_) * static_cast<std::size_t>(dim_);
+  if (dim_ == 3) {
+    std::memcpy(at, row.data(), row.size_bytes());
+    return;
+  }
+  for (const LinePoint& p : row) {
+    _mm_storeu_pd(at, _mm_loadu_pd(&p.x));
+    at += 2;
+  }
+  *at = row.back().z;
+}
+
+// Each box waits for its last point, so four of them take turns.
+void OutputRoom::grow_extent(std::span<const LinePoint> row) {
+  GrowingBox boxes[4];
+  boxes[0].include(Box{xmin_, ymin_, xmax_, ymax_});
+  std::size_t i = 0;
+  for (; i + 4 <= row.size(); i += 4) {
+    for (std::size_t k = 0; k < 4; ++k) boxes[k].include(row[i + k]);
+  }
+  for (; i < row.size(); ++i) boxes[0].include(row[i]);
+  if (row.size() >= 4) {
+    for (std::size_t k = 1; k < 4; ++k) boxes[0].include(boxes[k].box());
+  }
+  const Box box = boxes[0].box();
   xmin_ = box.xmin;
   ymin_ = box.ymin;
   xmax_ = box.xmax;

@@ -51,7 +51,9 @@ public:
 private:
   bool piece_fits() const;
   bool point_fits() const;
+  void write(std::span<const LinePoint> row);
   void grow_extent(double x, double y);
+  void grow_extent(std::span<const LinePoint> row);
   std::int64_t piece_shortage() const;
   std::int64_t point_shortage() const;
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The Corvane Print authors
 //
-// A subject's ring as points in a row, and what ring.h does to records: the same operations in the same order,
-// for the same bits. Input is asked before it is copied, and copied once.
+// A subject's ring as points in a row, and what ring.h does to records: the same operations in the same
+// order, for the same bits. Input is asked before it is copied, and copied once.
 #ifndef CORVANE_PRINT_CLIP_RING_POINTS_H
 #define CORVANE_PRINT_CLIP_RING_POINTS_H
 

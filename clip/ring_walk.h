@@ -32,7 +32,7 @@ struct PointsBetween {
 // The vertices strictly between two places. `passes_start`: `to` is reached through the ring's first vertex,
 // which it may be itself.
 inline PointsBetween points_between(const PolygonIndex& index, const RingPlace& from, const RingPlace& to,
-                                  bool passes_start) {
+                                    bool passes_start) {
   const LinePoint* points = index.points.data();
   const int begin = from.edge + 1, end = to.at_vertex() ? to.edge : to.edge + 1;
   if (!passes_start) return {{points + begin, points + end}, {}};

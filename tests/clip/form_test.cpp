@@ -126,7 +126,7 @@ TEST(Form, LinesWithDepthAreClippedTheSame) {
   compare_forms(0xF0404, 3, CLclipLine, lines_of);
 }
 
-// Rings so large that their indexes have several levels and subjects mostly consist of stretches.
+// Rings so large that their indexes have several levels, and edges mostly meet nothing.
 TEST(Form, LargeRingsAreClippedTheSame) {
   constexpr std::uint64_t kSeed = 0xF0405;
   std::printf("seeds: case_seed(0x%llx, i)\n", static_cast<unsigned long long>(kSeed));
