@@ -34,7 +34,7 @@ void for_each_overlapping(const FenceRange& fence, Visit&& visit) {
 
 // Tells which polygons overlap the subject's extent, and whether the indexed form can link them all with it.
 bool find_overlapping(const FenceRange& fence, FencePolygon& subject) {
-  bool indexed = true;
+  bool indexed = index_of(subject) != nullptr;
   for (FencePolygon* f = fence.first; f != fence.end; f = f->nextPoly) {
     f->overlap = overlap_xy(f->extent, subject.extent) ? kOverlapping : kApart;
     if (f->overlap != kApart) indexed = indexed && both_indexed(subject, *f);

@@ -149,16 +149,21 @@ TEST(Form, LargeRingsAreClippedTheSame) {
   }
 }
 
-TEST(Form, WithoutMemoryForItsIndexAFenceClipsAsEver) {
-  const FailurePlanEnds plan_ends;
+// A fence of two polygons, of which one may be left without an index.
+Fence pair_of_stars(int mode) {
   Random random(0xF0406);
-  const Fence fence({star(random, 300, 60, 100)}, CL_KEEP_INSIDE);
-  const std::vector<double> subject = flatten(star(random, 300, 60, 120), 2);
+  return Fence({star(random, 300, 60, 100), moved(star(random, 200, 60, 100), 250, 0)}, mode);
+}
+
+void expect_clips_without_memory(int mode) {
+  const FailurePlanEnds plan_ends;
+  Random random(0xF0407);
+  const Fence fence = pair_of_stars(mode);
+  const std::vector<double> subject = flatten(moved(star(random, 300, 60, 120), 120, 0), 2);
   const Arrays expected = clip_in_form(clip::Form::kPlain, CLclipPolygon, fence, 2, subject, {400, 4000});
   int clipped_all_the_same = 0;
   for (long successes = 0;; ++successes) {
-    Random again(0xF0406);
-    const Fence same({star(again, 300, 60, 100)}, CL_KEEP_INSIDE);
+    const Fence same = pair_of_stars(mode);
     platform::capi_fail_once_after(successes);
     const Arrays result = clip_in_form(clip::Form::kIndexed, CLclipPolygon, same, 2, subject, {400, 4000});
     const bool failed = platform::capi_fail_after(-1) > successes;
@@ -166,7 +171,12 @@ TEST(Form, WithoutMemoryForItsIndexAFenceClipsAsEver) {
     if (failed && result.status == CL_OK) ++clipped_all_the_same;
     if (!failed) break;
   }
-  EXPECT_GE(clipped_all_the_same, 3);  // the index, its points and its boxes
+  EXPECT_GE(clipped_all_the_same, 6);  // each polygon's index, its points and its boxes
+}
+
+TEST(Form, WithoutMemoryForItsIndexAFenceClipsAsEver) {
+  expect_clips_without_memory(CL_KEEP_INSIDE);
+  expect_clips_without_memory(CL_KEEP_OUTSIDE);
 }
 
 }  // namespace
