@@ -2,8 +2,9 @@
 // Copyright (c) 2026 The Corvane Print authors
 //
 // The engine comes in two forms that give the same results to the last bit. The plain one compares every edge
-// with every other and keeps every vertex of a subject as a record; the indexed one looks only where edges
-// can meet. A doubt about the index is settled by building with CORVANE_PRINT_PLAIN.
+// with every other and keeps rings and links as records (links, verdict, emit); the indexed one looks only
+// where edges can meet, and keeps rings as rows of points and links beside them (indexed_*). A doubt about
+// the index is settled by building with CORVANE_PRINT_PLAIN.
 #ifndef CORVANE_PRINT_CLIP_FORM_H
 #define CORVANE_PRINT_CLIP_FORM_H
 

@@ -179,7 +179,8 @@ struct FailureCase {
 // Lets every request fail in turn, all later ones with it (or not), and looks at what is left each time.
 void fail_at_every_request(const FailureCase& c, long (*plan)(long)) {
   const FailurePlanEnds plan_ends;
-  ASSERT_NE(clip::fence_index(*c.clip.handle()), nullptr);  // what the first clip would leave with the fence
+  // What the first clip would leave with the fence.
+  ASSERT_EQ(clip::fence_index(*c.clip.handle()) != nullptr, clip::g_form == clip::Form::kIndexed);
   const Rings clip_before = extract_polygons(c.clip, c.dim).rings;
   const Rings subject_before = extract_polygons(c.subject, c.dim).rings;
   const long blocks = blocks_in_use();
