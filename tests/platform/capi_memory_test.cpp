@@ -113,5 +113,18 @@ TEST(CapiMemory, AVectorReportsThatMemoryRanOut) {
   EXPECT_EQ(numbers.back(), 1);
 }
 
+TEST(CapiMemory, ARawVectorKeepsWhatIsPutIntoIt) {
+  CapiRawVector<int> numbers(3);
+  for (int i = 0; i < 3; ++i) numbers[static_cast<std::size_t>(i)] = i;
+  numbers.push_back(3);
+  numbers.resize(2);
+  const CapiRawVector<int> copy = numbers;
+  EXPECT_EQ(copy, (CapiRawVector<int>{0, 1}));
+  capi_fail_after(0);
+  EXPECT_THROW(numbers.resize(1000), std::bad_alloc);
+  capi_fail_after(-1);
+  EXPECT_EQ(numbers, copy);
+}
+
 }  // namespace
 }  // namespace Corvane::Print::platform
