@@ -63,10 +63,12 @@ bool host_file_exists(const CPWChar* spec) noexcept;
 
 // True when there is a regular file by that name. On Windows the name is looked for in narrow text: a
 // character that the code page lacks stands for the one that the system puts in its place.
-bool host_file_is_regular(const CPWChar* spec) noexcept;
+//   length    the characters of the specification, or kToTerminator
+bool host_file_is_regular(const CPWChar* spec, int length = kToTerminator) noexcept;
 
 // The name by which the system knows the file, as wide text with a terminator: the specification itself on
-// Windows. Returns its length; 0, and an empty text, when the specification names nothing or there is no room.
+// Windows. Returns its length; 0, and an empty text, when the specification names nothing or there is no
+// room.
 //   out       room for `capacity` characters, at least 1
 int host_file_name(const CPWChar* spec, CPWChar* out, int capacity) noexcept;
 

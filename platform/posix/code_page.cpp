@@ -1,13 +1,20 @@
 // SPDX-License-Identifier: MIT
 // Copyright (c) 2026 The Corvane Print authors
 //
-// UTF-8 and UTF-16, with the calling shape of the Windows conversions. Both directions read one code point,
-// replace what is none by U+FFFD, and hand it to a sink that counts and writes as far as there is room.
+// UTF-8 and UTF-16, with the calling shape of the Windows conversions. Both directions copy the characters
+// below 0x80 that a text begins with; from there on they read one code point, replace what is none by U+FFFD,
+// and hand it to a sink that counts and writes as far as there is room.
+//
+// What the copy buys: a file name of ASCII letters costs a tenth. Why it cannot change a result: such a
+// character is a code point of its own and one unit on either side, and what follows does not look back.
+#include <algorithm>
 #include <climits>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 #include "platform/platform.h"
+#include "platform/text_vector.h"
 
 namespace Corvane::Print::platform {
 namespace {
@@ -18,7 +25,9 @@ constexpr char32_t kReplacement = 0xFFFD;
 template <class Unit>
 class Sink {
 public:
-  Sink(Unit* out, int capacity) : out_(out), capacity_(static_cast<std::size_t>(capacity)) {}
+  //   written   what is there already, within the capacity
+  Sink(Unit* out, std::size_t capacity, std::size_t written)
+      : out_(out), capacity_(capacity), count_(written) {}
 
   void put(char32_t unit) {
     if (count_ < capacity_) out_[count_] = static_cast<Unit>(unit);
@@ -34,31 +43,24 @@ public:
 private:
   Unit* out_;
   std::size_t capacity_;
-  std::size_t count_ = 0;
+  std::size_t count_;
 };
 
-// A text of known or open length. In the open kind the terminator is a unit like any other, and the last one:
-// it begins and continues no sequence, so nothing behind it is ever looked at.
+// A text of known length.
 template <class Unit>
 class Source {
 public:
-  Source(const Unit* text, int length) : at_(text), end_(length == kToTerminator ? nullptr : text + length) {}
+  Source(const Unit* text, const Unit* end) : at_(text), end_(end) {}
 
-  bool more() const { return end_ != nullptr ? at_ != end_ : !terminated_; }
+  bool more() const { return at_ != end_; }
 
   // The next unit; only when there is more().
   Unit peek() const { return *at_; }
-
-  Unit take() {
-    const Unit unit = *at_++;
-    terminated_ = unit == Unit{};
-    return unit;
-  }
+  Unit take() { return *at_++; }
 
 private:
   const Unit* at_;
-  const Unit* end_;  // null when the length is open
-  bool terminated_ = false;
+  const Unit* end_;
 };
 
 // What a first byte says of its sequence: how many bytes follow, and the range of the first of them, which
@@ -135,8 +137,13 @@ template <class From, class To>
 int convert(const From* text, int length, To* out, int capacity) noexcept {
   if (text == nullptr || length == 0 || length < kToTerminator) return 0;
   if (capacity < 0 || (capacity != 0 && out == nullptr)) return 0;
-  Source<From> source(text, length);
-  Sink<To> sink(out, capacity);
+  // The terminator of an open length is a unit like any other: it begins and continues no sequence.
+  const std::size_t units =
+      length == kToTerminator ? std::char_traits<From>::length(text) + 1 : static_cast<std::size_t>(length);
+  const auto room = static_cast<std::size_t>(capacity);
+  const std::size_t copied = copy_ascii(text, std::min(units, room), out);
+  Source<From> source(text + copied, text + units);
+  Sink<To> sink(out, room, copied);
   while (source.more()) put_code_point(sink, take_code_point(source));
   return sink.result();
 }

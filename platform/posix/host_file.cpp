@@ -84,18 +84,19 @@ void read_names(DIR& directory, ScanState& state) {
 
 bool host_file_exists(const CPWChar* spec) noexcept {
   char name[kHostNameCapacity];
-  return host_name(spec, name) && access(name, F_OK) == 0;
+  return host_name(spec, kToTerminator, name) && access(name, F_OK) == 0;
 }
 
-bool host_file_is_regular(const CPWChar* spec) noexcept {
+bool host_file_is_regular(const CPWChar* spec, int length) noexcept {
   char name[kHostNameCapacity];
   struct stat status;
-  return host_name(spec, name) && stat(name, &status) == 0 && S_ISREG(status.st_mode);
+  return host_name(spec, length, name) && stat(name, &status) == 0 && S_ISREG(status.st_mode);
 }
 
 int host_file_name(const CPWChar* spec, CPWChar* out, int capacity) noexcept {
   char name[kHostNameCapacity];
-  const int units = host_name(spec, name) ? wide_from_narrow(name, kToTerminator, out, capacity) : 0;
+  const int units =
+      host_name(spec, kToTerminator, name) ? wide_from_narrow(name, kToTerminator, out, capacity) : 0;
   if (units == 0) out[0] = 0;
   return units != 0 ? units - 1 : 0;
 }
@@ -103,7 +104,7 @@ int host_file_name(const CPWChar* spec, CPWChar* out, int capacity) noexcept {
 DirectoryScan::Opened DirectoryScan::open(const CPWChar* spec) noexcept {
   close();
   char name[kHostNameCapacity];
-  if (!host_name(spec, name)) return Opened::kNo;
+  if (!host_name(spec, kToTerminator, name)) return Opened::kNo;
   const Directory directory = open_directory_of(name);
   if (!directory) return Opened::kNo;
   ScanState* const state = new_state();

@@ -7,8 +7,10 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <string>
 
 #include "platform/platform.h"
+#include "platform/text_vector.h"
 
 namespace Corvane::Print::platform {
 namespace {
@@ -61,8 +63,10 @@ bool is_separator(CPWChar c) {
 
 }  // namespace
 
-bool host_name(const CPWChar* spec, char* out) noexcept {
+bool host_name(const CPWChar* spec, int length, char* out) noexcept {
   NameWriter name(out);
+  if (length == kToTerminator) length = static_cast<int>(std::char_traits<CPWChar>::length(spec));
+  const CPWChar* const behind = spec + length + 1;
   if (const char letter = drive_of(spec)) {
     const char* const directory = directory_of_drive(letter);
     if (directory == nullptr) return false;
@@ -73,11 +77,9 @@ bool host_name(const CPWChar* spec, char* out) noexcept {
   }
   if (name.overflow()) return false;
   char* const rest = name.end();
-  if (narrow_from_wide(spec, kToTerminator, rest, name.room()) == 0) return false;
-  for (char* at = rest; *at != '\0'; ++at) {
-    if (*at == '\\') *at = '/';
-  }
-  return true;
+  const int bytes = narrow_from_wide(spec, static_cast<int>(behind - spec), rest, name.room());
+  replace_bytes(rest, static_cast<std::size_t>(bytes), '\\', '/');
+  return bytes != 0;
 }
 
 }  // namespace Corvane::Print::platform

@@ -15,9 +15,10 @@ namespace Corvane::Print::platform {
 inline constexpr int kHostNameCapacity = PATH_MAX;
 
 //   spec      zero-terminated, not null
+//   length    its characters, or kToTerminator
 //   out       room for kHostNameCapacity bytes
 // False, and nothing usable in `out`, when the drive names nothing or the name is too long.
-bool host_name(const CPWChar* spec, char* out) noexcept;
+bool host_name(const CPWChar* spec, int length, char* out) noexcept;
 
 }  // namespace Corvane::Print::platform
 

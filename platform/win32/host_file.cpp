@@ -40,7 +40,7 @@ bool host_file_exists(const CPWChar* spec) noexcept {
 // KEEP(search-narrow-names): the file is looked for by its narrow name, in which the system puts similar
 // characters for those that the code page lacks. Looks wrong; hosts open what was found by its narrow name,
 // and what they cannot open is not found. Pinned by HostFileNarrow.ARegularFileIsLookedForByItsNarrowName.
-bool host_file_is_regular(const CPWChar* spec) noexcept {
+bool host_file_is_regular(const CPWChar* spec, int) noexcept {
   char narrow[kNarrowCapacity];
   if (narrow_from_wide(spec, kToTerminator, narrow, kNarrowCapacity) == 0) return false;
   struct __stat64 status;

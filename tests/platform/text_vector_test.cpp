@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+// Copyright (c) 2026 The Corvane Print authors
+//
+// Each step over groups against its plain loop, on random texts that fill their blocks to the last unit.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/text_vector.h"
+#include "tests/support/random.h"
+#include "tests/support/scale.h"
+
+namespace Corvane::Print::tests {
+namespace {
+
+constexpr int kCases = 200000;
+constexpr int kLongest = 70;
+
+template <class Unit>
+using Units = std::vector<Unit>;
+
+// Mostly ASCII with some backslashes; now and then something beyond, or a zero.
+template <class Unit>
+Units<Unit> random_units(Random& random) {
+  Units<Unit> units(static_cast<std::size_t>(random.below(kLongest)));
+  const int rarity = random.between(1, 80);
+  for (Unit& unit : units) {
+    unit = static_cast<Unit>(random.one_in(6) ? '\\' : random.below(0x80));
+    if (random.one_in(rarity)) unit = static_cast<Unit>(random.below(0x10000));
+  }
+  return units;
+}
+
+TEST(TextVector, AUnitIsFoundWhereThePlainLoopFindsIt) {
+  for (int i = 0; i < scaled(kCases); ++i) {
+    Random random(case_seed(0x7E01, i));
+    const auto text = random_units<CPWChar>(random);
+    const auto wanted = static_cast<CPWChar>(random.one_in(2) ? '\\' : random.below(0x10000));
+    ASSERT_EQ(platform::find_unit(text.data(), text.size(), wanted),
+              platform::find_unit_plain(text.data(), text.size(), wanted))
+        << "case " << i;
+  }
+}
+
+template <class From, class To>
+void expect_same_copies(int seed) {
+  for (int i = 0; i < scaled(kCases); ++i) {
+    Random random(case_seed(seed, i));
+    const auto text = random_units<From>(random);
+    Units<To> fast(text.size()), plain(text.size());
+    const std::size_t copied = platform::copy_ascii(text.data(), text.size(), fast.data());
+    ASSERT_EQ(copied, platform::copy_ascii_plain(text.data(), text.size(), plain.data())) << "case " << i;
+    fast.resize(copied);
+    plain.resize(copied);
+    ASSERT_EQ(fast, plain) << "case " << i;
+  }
+}
+
+TEST(TextVector, UnitsBecomeTheBytesOfThePlainLoop) {
+  expect_same_copies<CPWChar, char>(0x7E02);
+}
+
+TEST(TextVector, BytesBecomeTheUnitsOfThePlainLoop) {
+  expect_same_copies<char, CPWChar>(0x7E03);
+}
+
+TEST(TextVector, BytesAreReplacedAsByThePlainLoop) {
+  for (int i = 0; i < scaled(kCases); ++i) {
+    Random random(case_seed(0x7E04, i));
+    auto fast = random_units<char>(random);
+    auto plain = fast;
+    platform::replace_bytes(fast.data(), fast.size(), '\\', '/');
+    platform::replace_bytes_plain(plain.data(), plain.size(), '\\', '/');
+    ASSERT_EQ(fast, plain) << "case " << i;
+  }
+}
+
+}  // namespace
+}  // namespace Corvane::Print::tests
