@@ -7,7 +7,9 @@
 #ifndef CORVANE_PRINT_FILESPEC_BOUNDED_H
 #define CORVANE_PRINT_FILESPEC_BOUNDED_H
 
+#include <algorithm>
 #include <cstddef>
+#include <string>
 
 #include "corvane/print/fu.h"
 #include "filespec/text.h"
@@ -35,6 +37,32 @@ void FUAppendCharW(CPWChar* s, CPWChar c);
 
 // 1 when s is one letter (in the runtime's locale) and no configuration variable has that name; else 0.
 int FUIsDriveLetterW(const CPWChar* s);
+
+// A text that grows in room for 256 characters as it does under FUStrCatW and FUAppendCharW, and knows its
+// length. It is no text until finish() has terminated it.
+class GrowingText {
+public:
+  //   room      for 256 characters
+  explicit GrowingText(CPWChar* room) : text_(room) {}
+
+  void append(WideView text) {
+    const std::size_t added = std::min(text.size(), kWide - 1 - length_);
+    if (added > 0) std::char_traits<CPWChar>::copy(text_ + length_, text.data(), added);
+    length_ += added;
+  }
+  void append_char(char16_t c) {
+    if (length_ == 0 || length_ >= kWide - 1 || text_[length_ - 1] == c) return;
+    text_[length_++] = static_cast<CPWChar>(c);
+  }
+  WideView finish() {
+    text_[length_] = 0;
+    return {text_, length_};
+  }
+
+private:
+  CPWChar* text_;
+  std::size_t length_ = 0;
+};
 
 // A buffer of 256 characters on the stack, for a text of at most 255. Starts empty; always terminated unless
 // somebody writes index 255 through the pointer.

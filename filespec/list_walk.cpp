@@ -7,11 +7,13 @@
 #include <cstring>
 
 #include "config/codepage.h"
+#include "platform/text_vector.h"
 
 namespace Corvane::Print::filespec {
 
 bool ListWalk::start(const CPWChar* list, const CPWChar* delimiters) noexcept {
-  delimiters_.set(is_empty(delimiters) ? W_(";") : delimiters);
+  delimiter_text_.set(is_empty(delimiters) ? W_(";") : delimiters);
+  delimiters_ = delimiter_text_.view();
   return copy(list);
 }
 
@@ -24,26 +26,33 @@ bool ListWalk::copy(const CPWChar* list) noexcept {
   copy_ = static_cast<CPWChar*>(platform::capi_alloc_array(length + 1, sizeof(CPWChar)));
   if (copy_ == nullptr) return false;
   if (length != 0) std::memcpy(copy_, list, length * sizeof(CPWChar));
-  copy_[length] = 0;
+  end_ = copy_ + length;
+  *end_ = 0;
   cursor_ = copy_;
   return true;
 }
 
-const CPWChar* ListWalk::next() noexcept {
-  if (cursor_ == nullptr) return nullptr;
+WideView ListWalk::next_view() noexcept {
+  if (cursor_ == nullptr) return {};
   while (is_delimiter(*cursor_)) ++cursor_;
   CPWChar* const element = cursor_;
-  while (*cursor_ != 0 && !is_delimiter(*cursor_)) ++cursor_;
-  if (*cursor_ != 0) {
-    *cursor_++ = 0;
-  } else {
-    cursor_ = nullptr;
-  }
-  return *element != 0 ? element : nullptr;
+  CPWChar* const element_end = end_of_element(element);
+  cursor_ = element_end != end_ ? element_end + 1 : nullptr;
+  *element_end = 0;
+  if (element == element_end) return {};
+  return {element, static_cast<std::size_t>(element_end - element)};
 }
 
 bool ListWalk::is_delimiter(CPWChar c) const {
-  return c != 0 && delimiters_.view().find(c) != WideView::npos;
+  return c != 0 && delimiters_.find(c) != WideView::npos;
+}
+
+// The first delimiter, or the end of the list.
+CPWChar* ListWalk::end_of_element(CPWChar* from) const {
+  const auto length = static_cast<std::size_t>(end_ - from);
+  if (delimiters_.size() == 1) return from + platform::find_unit(from, length, delimiters_.front());
+  const std::size_t at = WideView(from, length).find_first_of(delimiters_);
+  return at == WideView::npos ? end_ : from + at;
 }
 
 }  // namespace Corvane::Print::filespec

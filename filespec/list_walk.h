@@ -29,15 +29,21 @@ public:
   bool start_single(const CPWChar* element) noexcept;
 
   // The next element, zero-terminated, of any length but not empty; it stays valid. Null at the end.
-  const CPWChar* next() noexcept;
+  const CPWChar* next() noexcept { return next_view().data(); }
+
+  // The same with its length; without data at the end.
+  WideView next_view() noexcept;
 
 private:
   bool copy(const CPWChar* list) noexcept;
   bool is_delimiter(CPWChar c) const;
+  CPWChar* end_of_element(CPWChar* from) const;
 
   CPWChar* copy_ = nullptr;
   CPWChar* cursor_ = nullptr;
-  WideBuffer delimiters_;
+  CPWChar* end_ = nullptr;  // of the copy
+  WideBuffer delimiter_text_;
+  WideView delimiters_;
 };
 
 }  // namespace Corvane::Print::filespec

@@ -33,8 +33,11 @@ const CPWChar* last_levels(const CPWChar* spec) {
   return nullptr;
 }
 
-// Gives a specification the default extension and version where it has none. False when nothing changed.
-bool fill_defaults(WideBuffer& spec, const WideBuffer& def_ext, const WideBuffer& def_ver) {
+// A specification with the default extension and version where it has none. False when it has no need of
+// them.
+bool fill_defaults(const CPWChar* spec, const WideBuffer& def_ext, const WideBuffer& def_ver,
+                   WideBuffer& filled) {
+  if (def_ext.empty() && def_ver.empty()) return false;
   Components parts;
   parse(spec, parts);
   const bool fill_ext = parts.ext.empty() && !def_ext.empty();
@@ -42,7 +45,7 @@ bool fill_defaults(WideBuffer& spec, const WideBuffer& def_ext, const WideBuffer
   if (!fill_ext && !fill_ver) return false;
   if (fill_ext) parts.ext = def_ext;
   if (fill_ver) parts.ver = def_ver;
-  build(parts, spec);
+  build(parts, filled);
   return true;
 }
 
@@ -75,14 +78,15 @@ private:
   bool as_variable();
   bool in_lists(const CPWChar* search_path);
   bool in_list(const CPWChar* list);
-  bool in_directory(const CPWChar* directory);
+  bool in_directory(WideView directory);
   bool relocated();
   bool by_name_alone();
 
   bool search_within(int step, const CPWChar* text);
   bool repeats(const CPWChar* text) const;
-  bool try_candidate(int step, const CPWChar* text);
-  bool exists(int step, const WideBuffer& candidate);
+  bool try_text(int step, const CPWChar* text);
+  bool try_candidate(int step, WideView candidate);
+  bool exists(int step, WideView candidate);
 
   const SearchConditions& conditions_;
   const Search* outer_ = nullptr;
@@ -97,12 +101,12 @@ bool Search::in_current_directory() {
   if (!conditions_.switches.current_directory_first) return false;
   WideBuffer candidate;
   FUBuildLFSW(nullptr, W_("."), name_, ext_, nullptr, candidate);
-  return try_candidate(FU_STEP_CURRENT_DIRECTORY, candidate);
+  return try_candidate(FU_STEP_CURRENT_DIRECTORY, candidate.view());
 }
 
 bool Search::as_is() {
   if (!conditions_.switches.as_is && FUIsFullLFSW(ufs_) == 0) return false;
-  return try_candidate(FU_STEP_AS_IS, ufs_);
+  return try_candidate(FU_STEP_AS_IS, ufs_.view());
 }
 
 // KEEP(search-variable-stays): the value that names the file which was found is never released; one that did
@@ -112,7 +116,7 @@ bool Search::as_is() {
 // Never inlined, so that the leak suppressions of the tests can name this frame and cover nothing else.
 [[gnu::noinline]] bool Search::as_variable() {
   VariableValue value(ufs_);
-  if (!value || !try_candidate(FU_STEP_VARIABLE, value.text())) return false;
+  if (!value || !try_text(FU_STEP_VARIABLE, value.text())) return false;
   value.leave_allocated();
   return true;
 }
@@ -129,26 +133,36 @@ bool Search::in_list(const CPWChar* list) {
     status_ = FU_NO_MEMORY;
     return false;
   }
-  while (const CPWChar* const element = elements.next()) {
+  for (;;) {
+    const WideView element = elements.next_view();
+    if (element.empty()) return false;
     if (in_directory(element)) return true;
   }
-  return false;
 }
 
 // KEEP(search-list-drops-version): in the directories of a list the version that was asked for is not looked
 // for. Looks wrong; lists hold the current files, and only a default version is put behind them. Pinned by
 // SearchLists.TheVersionIsNotLookedFor.
-bool Search::in_directory(const CPWChar* directory) {
-  WideBuffer plain;
-  FUBuildLFSW(nullptr, directory, name_, ext_, nullptr, plain);
-  if (try_candidate(FU_STEP_LISTS, plain)) return true;
+//
+// Candidates are put together where they are tried, from texts whose lengths are known.
+bool Search::in_directory(WideView directory) {
+  const WideView dir = dir_.view(), name = name_.view(), ext = ext_.view();
+  CPWChar plain_text[kWide];
+  GrowingText plain(plain_text);
+  join({{}, directory, name, ext, {}}, plain);
+  const WideView first = plain.finish();
+  if (try_candidate(FU_STEP_LISTS, first)) return true;
+  // Without a directory of its own the specification makes the same candidate once more, as the separator
+  // stands in front of the name already.
+  if (dir.empty() && !name.empty()) return false;
 
-  WideBuffer below, candidate;
-  FUAppendCompHFSW(directory, dir_, below);
-  below[kLongest] = 0;
-  FUBuildLFSW(nullptr, below, name_, ext_, nullptr, candidate);
-  // Without a directory of its own the specification makes the same candidate once more.
-  return !same_text(plain, candidate) && try_candidate(FU_STEP_LISTS, candidate);
+  CPWChar below_text[kWide], second_text[kWide];
+  GrowingText below(below_text), second(second_text);
+  below.append(directory);
+  below.append_char('\\');
+  below.append(dir);
+  join({{}, below.finish(), name, ext, {}}, second);
+  return second.finish() != first && try_candidate(FU_STEP_LISTS, second.finish());
 }
 
 bool Search::relocated() {
@@ -184,18 +198,27 @@ bool Search::repeats(const CPWChar* text) const {
   return false;
 }
 
-bool Search::try_candidate(int step, const CPWChar* text) {
-  WideBuffer candidate(text);
-  return exists(step, candidate) || (fill_defaults(candidate, def_ext_, def_ver_) && exists(step, candidate));
+bool Search::try_text(int step, const CPWChar* text) {
+  const WideBuffer candidate(text);
+  return try_candidate(step, candidate.view());
 }
 
-bool Search::exists(int step, const WideBuffer& candidate) {
+//   candidate  zero-terminated
+bool Search::try_candidate(int step, WideView candidate) {
+  if (exists(step, candidate)) return true;
+  WideBuffer filled;
+  return fill_defaults(candidate.data(), def_ext_, def_ver_, filled) && exists(step, filled.view());
+}
+
+bool Search::exists(int step, WideView candidate) {
   if (candidate.empty()) return false;
-  const bool found = conditions_.files != nullptr ? conditions_.files->is_file(candidate)
-                                                  : platform::host_file_is_regular(candidate);
+  const CPWChar* const text = candidate.data();
+  const bool found = conditions_.files != nullptr
+                         ? conditions_.files->is_file(text)
+                         : platform::host_file_is_regular(text, static_cast<int>(candidate.size()));
   if (conditions_.observer != nullptr)
-    conditions_.observer->tried(reported_step_ != 0 ? reported_step_ : step, candidate, found);
-  if (found) found_.set(candidate);
+    conditions_.observer->tried(reported_step_ != 0 ? reported_step_ : step, text, found);
+  if (found) found_.set(text);
   return found;
 }
 

@@ -17,6 +17,14 @@ struct Components {
   WideBuffer dev, dir, name, ext, ver;
 };
 
+// Components whose lengths are known; each may be longer than a specification.
+struct ComponentViews {
+  WideView dev, dir, name, ext, ver;
+};
+
+// What FUBuildLFSW does, but for the terminator. `spec` is empty, and its room is none of the components'.
+int join(const ComponentViews& parts, GrowingText& spec);
+
 // All five components of a specification.
 inline void parse(const CPWChar* spec, Components& parts) {
   FUParseUFSW(spec, parts.dev, parts.dir, parts.name, parts.ext, parts.ver);
