@@ -29,6 +29,40 @@ inline char32_t upper(char32_t c) {
   return has_case(raised) ? raised : c;
 }
 
+// lower() for many characters of one call, which the locale must not change meanwhile.
+//
+// What it buys: a comparison of two ASCII characters takes 1 ns instead of 10. Why it cannot change a result:
+// locales agree about the small letters of ASCII but for one, I, which some languages take to a letter of
+// their own. So they are asked about that one, and where it goes elsewhere, about every character.
+class Lowering {
+public:
+#ifdef CORVANE_PRINT_PLAIN
+  Lowering() = default;
+#else
+  Lowering() : plain_end_(std::towlower(L'I') == L'i' ? 0x80 : 0) {}
+#endif
+
+  char32_t operator()(char32_t c) const {
+    if (!is_plain(c)) return lower(c);
+    return c >= U'A' && c <= U'Z' ? c + kStep : c;
+  }
+
+  // The only other plain character that is lowered to the same; a plain character itself where there is none.
+  char32_t partner(char32_t plain) const {
+    if (plain >= U'A' && plain <= U'Z') return plain + kStep;
+    return plain >= U'a' && plain <= U'z' ? plain - kStep : plain;
+  }
+
+  // Whether the locale need not be asked about the character.
+  bool is_plain(char32_t c) const {
+    return c < plain_end_;
+  }
+
+private:
+  static constexpr char32_t kStep = U'a' - U'A';
+  char32_t plain_end_ = 0;
+};
+
 }  // namespace Corvane::Print::util
 
 #endif

@@ -25,16 +25,34 @@
 #define CORVANE_PRINT_UTIL_MATCH_H
 
 #include "util/case_fold.h"
-#include "util/compare.h"
 
 namespace Corvane::Print::util {
 
+// Both tell whether two characters are the same, and advance a cursor to the first that is the same as one.
 struct SameCharacter {
   bool operator()(char32_t a, char32_t b) const { return a == b; }
+
+  template <class Cursor>
+  void seek(Cursor& place, char32_t wanted) const {
+    while (!place.at_end() && place.current() != wanted) place.advance();
+  }
 };
 
 struct SameIgnoringCase {
-  bool operator()(char32_t a, char32_t b) const { return lower(a) == lower(b); }
+  bool operator()(char32_t a, char32_t b) const { return a == b || lowered(a) == lowered(b); }
+
+  template <class Cursor>
+  void seek(Cursor& place, char32_t wanted) const {
+    const bool plain = lowered.is_plain(wanted);
+    const char32_t partner = plain ? lowered.partner(wanted) : wanted;
+    for (; !place.at_end(); place.advance()) {
+      const char32_t c = place.current();
+      if (c == wanted || c == partner) return;
+      if ((!plain || !lowered.is_plain(c)) && (*this)(wanted, c)) return;
+    }
+  }
+
+  Lowering lowered;
 };
 
 struct PatternItem {
@@ -76,38 +94,60 @@ PatternItem take_item(Cursor& pattern) {
   return {Kind::kLiteral, c};
 }
 
+// What stopped a walk along the items of a pattern, and where it left the two cursors: behind the stars or
+// the pattern's end; otherwise somewhere.
+enum class Met { kPatternEnd, kStars, kMismatch, kTextEnd };
+
+template <class Cursor, class Same>
+Met go_along(Cursor& text, Cursor& pattern, const Same& same) {
+  using Kind = PatternItem::Kind;
+  for (;;) {
+    const PatternItem item = take_item(pattern);
+    if (item.kind == Kind::kStars) return Met::kStars;
+    if (item.kind == Kind::kEnd) return Met::kPatternEnd;
+    if (text.at_end()) return Met::kTextEnd;
+    if (item.kind == Kind::kLiteral && !same(item.literal, text.current())) return Met::kMismatch;
+    text.advance();
+  }
+}
+
+// The same behind stars, at the first place where the items up to the next stars, or to the ends of both,
+// fit. The places where the first of them does not fit are passed over without looking at the others.
+template <class Cursor, class Same>
+Met go_along_behind_stars(Cursor& text, Cursor& pattern, const Same& same) {
+  using Kind = PatternItem::Kind;
+  Cursor behind_first = pattern;
+  const PatternItem first = take_item(behind_first);
+  for (Cursor place = text;; place.advance()) {
+    if (first.kind == Kind::kLiteral) same.seek(place, first.literal);
+    // Too short a remainder: later places leave even less.
+    if (place.at_end()) return Met::kTextEnd;
+    text = place;
+    text.advance();
+    pattern = behind_first;
+    const Met met = go_along(text, pattern, same);
+    if (met != Met::kMismatch && (met != Met::kPatternEnd || text.at_end())) return met;
+  }
+}
+
 // Whether the whole text matches the whole pattern; `same` compares a literal with a character of the text.
 template <class Cursor, class Same>
-bool matches(Cursor text, Cursor pattern, Same same) {
-  using Kind = PatternItem::Kind;
-  bool met_star = false;
-  Cursor last_place = text;      // where the items behind the last star were tried
-  Cursor behind_star = pattern;  // those items
-  for (;;) {
-    Cursor next = pattern;
-    const PatternItem item = take_item(next);
-    if (item.kind == Kind::kStars) {
-      met_star = true;
-      last_place = text;
-      behind_star = pattern = next;
-      continue;
-    }
-    if (item.kind == Kind::kEnd) {
-      if (text.at_end()) return true;
-    } else {
-      // Too short a remainder: later places leave even less.
-      if (text.at_end()) return false;
-      if (item.kind == Kind::kAnyOne || same(item.literal, text.current())) {
-        pattern = next;
-        text.advance();
-        continue;
-      }
-    }
-    if (!met_star) return false;
-    last_place.advance();  // not at its end: the text behind it is not, either
-    text = last_place;
-    pattern = behind_star;
+bool matches(Cursor text, Cursor pattern, const Same& same) {
+  Met met = go_along(text, pattern, same);
+  while (met == Met::kStars) {
+    if (pattern.at_end()) return true;
+    met = go_along_behind_stars(text, pattern, same);
   }
+  return met == Met::kPatternEnd && text.at_end();
+}
+
+template <class Cursor, class Same>
+bool are_same(Cursor a, Cursor b, const Same& same) {
+  while (!a.at_end() && !b.at_end() && same(a.current(), b.current())) {
+    a.advance();
+    b.advance();
+  }
+  return a.at_end() && b.at_end();
 }
 
 // KEEP(str-match-own-text): ignoring case, a text that equals the pattern matches, whatever the pattern's
@@ -115,8 +155,8 @@ bool matches(Cursor text, Cursor pattern, Same same) {
 // be found by its own text. Pinned by StrMatch.IgnoringCaseAPatternMatchesItsOwnText.
 template <class Cursor>
 bool matches_ignoring_case(Cursor text, Cursor pattern) {
-  if (compare_ignoring_case(text, pattern) == 0) return true;
-  return matches(text, pattern, SameIgnoringCase());
+  const SameIgnoringCase same;
+  return matches(text, pattern, same) || are_same(text, pattern, same);
 }
 
 }  // namespace Corvane::Print::util

@@ -241,7 +241,7 @@ void expect_all_four(const std::u32string& text, const std::u32string& pattern, 
 TEST(StrMatch, RandomPatternsGiveThePlainAnswerInAllFourForms) {
   const ScopedLocale locale(text_locale());
   int matched = 0;
-  for (int i = 0; i < scaled(100000); ++i) {
+  for (int i = 0; i < scaled(1000000); ++i) {
     const std::uint64_t seed = case_seed(0x57D0, i);
     SCOPED_TRACE(testing::Message() << "seed " << seed);
     Random random(seed);
@@ -253,8 +253,8 @@ TEST(StrMatch, RandomPatternsGiveThePlainAnswerInAllFourForms) {
     expect_all_four(text, pattern, expected, model::PlainMatch(true)(text, pattern));
     if (HasFatalFailure()) return;
   }
-  EXPECT_GT(matched, scaled(100000) / 20);  // both answers must occur
-  EXPECT_LT(matched, scaled(100000) * 19 / 20 + 1);
+  EXPECT_GT(matched, scaled(1000000) / 20);  // both answers must occur
+  EXPECT_LT(matched, scaled(1000000) * 19 / 20 + 1);
 }
 
 TEST(StrMatch, LongTextsGiveTheAnswerOfTheTable) {
