@@ -75,29 +75,27 @@ bool list_directories(const Components& spec, FUMatchLFSHandle& handle) {
   return handle.directories.start_single(single);
 }
 
+// The name of a directory's entry, and the pattern.
+bool is_match(const CPWChar* name, const void* pattern) {
+  if (name[0] == '.' && (name[1] == 0 || (name[1] == '.' && name[2] == 0))) return false;
+  return STRMatchPatternCIW(name, static_cast<const CPWChar*>(pattern)) == 1;
+}
+
 // Begins the scan of a directory. One that leaves no room for the pattern in a specification has no matches:
 // cut, the pattern would mean others.
 DirectoryScan::Opened open_scan(FUMatchLFSHandle& handle) {
   WideBuffer spec;
   FUBuildLFSW(nullptr, handle.directory, handle.pattern, nullptr, nullptr, spec);
   if (!spec.view().ends_with(handle.pattern.view())) return DirectoryScan::Opened::kNo;
-  return handle.scan.open(spec);
-}
-
-bool is_match(const CPWChar* name, const WideBuffer& pattern) {
-  if (same_text(name, W_(".")) || same_text(name, W_(".."))) return false;
-  return STRMatchPatternCIW(name, pattern) == 1;
+  return handle.scan.open(spec, is_match, static_cast<const CPWChar*>(handle.pattern));
 }
 
 // The next match in the directory that is being scanned.
 bool next_in_scan(FUMatchLFSHandle& handle, CPWChar* out) {
   CPWChar name[DirectoryScan::kNameCapacity];
-  while (handle.scan.next(name)) {
-    if (!is_match(name, handle.pattern)) continue;
-    FUBuildLFSW(nullptr, handle.directory, name, nullptr, nullptr, out);
-    return true;
-  }
-  return false;
+  if (!handle.scan.next(name)) return false;
+  FUBuildLFSW(nullptr, handle.directory, name, nullptr, nullptr, out);
+  return true;
 }
 
 }  // namespace

@@ -73,8 +73,9 @@ bool host_file_is_regular(const CPWChar* spec, int length = kToTerminator) noexc
 int host_file_name(const CPWChar* spec, CPWChar* out, int capacity) noexcept;
 
 // The names in a directory, one after the other: in ascending order of their bytes, or as the system delivers
-// them on Windows. Names that no specification can name (with a \ in them, or not in UTF-8) are left out.
-// Several scans may be open at once. An open scan is closed by its end or its destruction.
+// them on Windows. Names that no specification can name (with a \ in them, or not in UTF-8), and those that
+// the caller does not want, are left out. Several scans may be open at once. An open scan is closed by its
+// end or its destruction.
 class DirectoryScan {
 public:
   enum class Opened { kYes, kNo, kNoMemory };
@@ -85,11 +86,17 @@ public:
   DirectoryScan(const DirectoryScan&) = delete;
   DirectoryScan& operator=(const DirectoryScan&) = delete;
 
+  // Says whether a name is wanted: asked by open() or by next(), as it suits the system. It must not throw.
+  //   name      zero-terminated, cut to the capacity
+  //   context   as it was passed
+  using Wanted = bool (*)(const CPWChar* name, const void* context);
+
   // Begins a scan; one that is open is closed.
   //   spec      a host specification whose last component is a pattern with * and ?
+  //   wanted    null: every name is
   // kNo when there is no such directory, it cannot be read, or nothing matches. What is delivered may match
   // the pattern in the system's own loose way, or not at all: the caller looks at each name.
-  Opened open(const CPWChar* spec) noexcept;
+  Opened open(const CPWChar* spec, Wanted wanted = nullptr, const void* context = nullptr) noexcept;
 
   // The next name ("." and ".." may be among them), cut to the capacity and terminated. False, and the scan
   // is closed, when there is none, or when no scan is open.

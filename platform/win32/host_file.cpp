@@ -18,7 +18,9 @@ constexpr int kNarrowCapacity = 512;
 
 struct ScanState {
   _wfinddata64_t entry;
-  intptr_t handle;  // -1 when the entry is the last one
+  intptr_t handle;  // -1 when there is no entry that was not delivered
+  DirectoryScan::Wanted wanted;
+  const void* context;
 };
 
 ScanState* scan_state(void* state) {
@@ -29,6 +31,19 @@ void fetch_following(ScanState& state) {
   if (_wfindnext64(state.handle, &state.entry) == 0) return;
   _findclose(state.handle);
   state.handle = -1;
+}
+
+// The fetched entry's name, cut to the capacity; the following entry is fetched.
+void take_name(ScanState& state, CPWChar* name) {
+  int length = 0;
+  for (; length < DirectoryScan::kNameCapacity - 1 && state.entry.name[length] != 0; ++length)
+    name[length] = state.entry.name[length];
+  name[length] = 0;
+  fetch_following(state);
+}
+
+bool is_wanted(const ScanState& state, const CPWChar* name) {
+  return state.wanted == nullptr || state.wanted(name, state.context);
 }
 
 }  // namespace
@@ -55,7 +70,7 @@ int host_file_name(const CPWChar* spec, CPWChar* out, int capacity) noexcept {
   return fits ? static_cast<int>(length) : 0;
 }
 
-DirectoryScan::Opened DirectoryScan::open(const CPWChar* spec) noexcept {
+DirectoryScan::Opened DirectoryScan::open(const CPWChar* spec, Wanted wanted, const void* context) noexcept {
   close();
   auto* const state = static_cast<ScanState*>(capi_alloc(sizeof(ScanState)));
   if (state == nullptr) return Opened::kNoMemory;
@@ -64,6 +79,8 @@ DirectoryScan::Opened DirectoryScan::open(const CPWChar* spec) noexcept {
     capi_free(state);
     return Opened::kNo;
   }
+  state->wanted = wanted;
+  state->context = context;
   state_ = state;
   return Opened::kYes;
 }
@@ -71,16 +88,12 @@ DirectoryScan::Opened DirectoryScan::open(const CPWChar* spec) noexcept {
 bool DirectoryScan::next(CPWChar* name) noexcept {
   ScanState* const state = scan_state(state_);
   if (state == nullptr) return false;
-  if (state->handle == -1) {
-    close();
-    return false;
+  while (state->handle != -1) {
+    take_name(*state, name);
+    if (is_wanted(*state, name)) return true;
   }
-  int length = 0;
-  for (; length < kNameCapacity - 1 && state->entry.name[length] != 0; ++length)
-    name[length] = state->entry.name[length];
-  name[length] = 0;
-  fetch_following(*state);
-  return true;
+  close();
+  return false;
 }
 
 void DirectoryScan::close() noexcept {

@@ -102,6 +102,21 @@ TEST(DirectoryScan, DeliversEveryNameInOrder) {
   EXPECT_FALSE(scan.next(name));
 }
 
+TEST(DirectoryScan, LeavesOutWhatIsNotWanted) {
+  const HostDir dir;
+  for (const char32_t* const name : {U"b.plt", U"a.pen", U"a.plt", U"b.pen"}) dir.make_file(name);
+  const auto begins_with = [](const CPWChar* name, const void* letter) {
+    return name[0] == *static_cast<const char*>(letter);
+  };
+  DirectoryScan scan;
+  ASSERT_EQ(scan.open(wide(dir.spec(U"*")).c_str(), begins_with, "b"), Opened::kYes);
+  const std::vector<WideText> expected = {wide(U"b.pen"), wide(U"b.plt")};
+  EXPECT_EQ(names_of(scan), expected);
+  ASSERT_EQ(scan.open(wide(dir.spec(U"*")).c_str(), begins_with, "c"), Opened::kYes);
+  EXPECT_EQ(names_of(scan), std::vector<WideText>());
+  EXPECT_FALSE(scan.is_open());
+}
+
 TEST(DirectoryScan, ADirectoryThatIsNotThereCannotBeOpened) {
   const HostDir dir;
   dir.make_file(U"file");
@@ -142,7 +157,12 @@ TEST(DirectoryScan, StoppingEarlyAndOpeningAgainLeakNothing) {
 
 TEST(DirectoryScan, SaysWhenMemoryRanOut) {
   const HostDir dir;
-  for (int i = 0; i < 20; ++i) dir.make_file(U"file" + std::u32string(1, static_cast<char32_t>(U'a' + i)));
+  // More and longer names than a scan has room for from the start.
+  for (int i = 0; i < 150; ++i) {
+    const char32_t letters[] = {static_cast<char32_t>(U'a' + i / 10), static_cast<char32_t>(U'a' + i % 10),
+                                0};
+    dir.make_file(std::u32string(40, U'n') + letters);
+  }
   const WideText spec = wide(dir.spec(U"*"));
   const long before = platform::capi_blocks_out();
   for (long successes = 0;; ++successes) {

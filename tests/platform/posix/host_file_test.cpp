@@ -5,12 +5,15 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "platform/platform.h"
 #include "tests/filespec/host_dir.h"
 #include "tests/platform/system_seam.h"
+#include "tests/support/random.h"
+#include "tests/support/scale.h"
 
 namespace Corvane::Print::tests {
 namespace {
@@ -76,6 +79,32 @@ TEST(DirectoryScanOrder, IsThatOfTheBytes) {
   for (const char32_t* const dots : {U".", U".."}) expected.push_back(wide(dots));
   for (const std::u32string& each : names) expected.push_back(wide(each));
   EXPECT_EQ(delivered, expected);
+}
+
+// Names of few letters, short ones and such as differ late or early.
+TEST(DirectoryScanOrder, IsThatOfTheBytesForRandomNames) {
+  for (int i = 0; i < scaled(50); ++i) {
+    Random random(case_seed(0x5CA0, i));
+    const HostDir dir;
+    const std::u32string beginning(static_cast<std::size_t>(random.below(12)), U'n');
+    std::set<std::string> names = {".", ".."};
+    for (int k = random.below(200); k > 0; --k) {
+      std::u32string name = beginning;
+      for (int letters = random.between(1, 14); letters > 0; --letters) name += U"-ab\u00C4"[random.below(4)];
+      dir.make_file(name);
+      names.insert(narrow(name));
+    }
+    platform::DirectoryScan scan;
+    ASSERT_EQ(scan.open(wide(dir.spec(U"*")).c_str()), platform::DirectoryScan::Opened::kYes);
+    CPWChar name[platform::DirectoryScan::kNameCapacity];
+    for (const std::string& expected : names) {
+      ASSERT_TRUE(scan.next(name)) << "case " << i;
+      char back[256];
+      ASSERT_NE(platform::narrow_from_wide(name, platform::kToTerminator, back, sizeof back), 0);
+      ASSERT_EQ(back, expected) << "case " << i;
+    }
+    ASSERT_FALSE(scan.next(name)) << "case " << i;
+  }
 }
 
 TEST(DirectoryScanOrder, NamesThatNoSpecificationCanNameAreLeftOut) {
