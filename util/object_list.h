@@ -30,6 +30,13 @@ struct ListRecord {
   ListNode* head;
 };
 
+// What a handle leads to: the record, and behind it what the host knows nothing about.
+struct ListBlock {
+  ListRecord record;
+  ListNode** end;  // the null link at the end of the chain: the head, or the `next` of the last node
+};
+
+static_assert(std::is_trivial_v<ListBlock> && std::is_standard_layout_v<ListBlock>);
 static_assert(std::is_trivial_v<ListRecord> && std::is_standard_layout_v<ListRecord>);
 static_assert(std::is_trivial_v<ListNode> && std::is_standard_layout_v<ListNode>);
 static_assert(offsetof(ListRecord, reserved) == 20 && offsetof(ListRecord, count) == 24);
