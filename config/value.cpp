@@ -68,11 +68,19 @@ int put_question(void* question_address) {
 
 }  // namespace
 
+// What the first room on the stack buys: a variable that is not defined costs no block, and a failing search
+// asks for several. Why it cannot change a result: a value has the block that it always had.
 CPWChar* value_from_environment(EnvironmentText lookup, const CPWChar* name) {
-  ValueBuffer buffer;
+  CPWChar first[kFirstBytes / kCharBytes];
   int room = kFirstBytes / kCharBytes;
+  int needed = lookup(name, first, room);
+  if (needed == 0) return nullptr;
+  ValueBuffer buffer;
   if (!buffer.grow(kFirstBytes)) return nullptr;
-  int needed = lookup(name, buffer.text(), room);
+  if (needed <= room) {
+    std::memcpy(buffer.text(), first, static_cast<std::size_t>(needed) * sizeof(CPWChar));
+    return buffer.yield();
+  }
   // The variable may have grown since it was measured: ask until it fits.
   while (needed > room) {
     if (!buffer.grow(static_cast<std::size_t>(needed) * sizeof(CPWChar))) return nullptr;

@@ -12,23 +12,38 @@
 namespace Corvane::Print::platform {
 namespace {
 
-using NarrowBlock = CapiBlock<char>;
+// A name as narrow text, without the heap unless it is long.
+class NarrowName {
+public:
+  explicit NarrowName(const CPWChar* name) noexcept {
+    if (narrow_from_wide(name, kToTerminator, usual_, sizeof usual_) != 0) {
+      text_ = usual_;
+      return;
+    }
+    const int bytes = narrow_from_wide(name, kToTerminator, nullptr, 0);
+    if (bytes == 0) return;
+    long_.reset(static_cast<char*>(capi_alloc(static_cast<std::size_t>(bytes))));
+    if (long_) narrow_from_wide(name, kToTerminator, long_.get(), bytes);
+    text_ = long_.get();
+  }
+  NarrowName(const NarrowName&) = delete;
+  NarrowName& operator=(const NarrowName&) = delete;
 
-NarrowBlock narrow_name(const CPWChar* name) noexcept {
-  const int bytes = narrow_from_wide(name, kToTerminator, nullptr, 0);
-  if (bytes == 0) return nullptr;
-  NarrowBlock block(static_cast<char*>(capi_alloc(static_cast<std::size_t>(bytes))));
-  if (block) narrow_from_wide(name, kToTerminator, block.get(), bytes);
-  return block;
-}
+  const char* text() const { return text_; }  // null when memory ran out
+
+private:
+  char usual_[256];
+  CapiBlock<char> long_;
+  const char* text_ = nullptr;
+};
 
 }  // namespace
 
 int environment_text(const CPWChar* name, CPWChar* buffer, int capacity) noexcept {
-  const NarrowBlock narrow = narrow_name(name);
+  const NarrowName narrow(name);
   // No variable has a '=' in its name, but getenv would find "A=B" in the definition "A=B=c".
-  if (!narrow || std::strchr(narrow.get(), '=') != nullptr) return 0;
-  const char* const value = std::getenv(narrow.get());
+  if (narrow.text() == nullptr || std::strchr(narrow.text(), '=') != nullptr) return 0;
+  const char* const value = std::getenv(narrow.text());
   if (value == nullptr || *value == '\0') return 0;
   const int count = wide_from_narrow(value, kToTerminator, buffer, capacity);
   return count != 0 ? count : wide_from_narrow(value, kToTerminator, nullptr, 0);
