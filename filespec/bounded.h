@@ -9,10 +9,10 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <string>
 
 #include "corvane/print/fu.h"
 #include "filespec/text.h"
+#include "platform/text_vector.h"
 
 namespace Corvane::Print::filespec {
 
@@ -47,7 +47,7 @@ public:
 
   void append(WideView text) {
     const std::size_t added = std::min(text.size(), kWide - 1 - length_);
-    if (added > 0) std::char_traits<CPWChar>::copy(text_ + length_, text.data(), added);
+    platform::copy_units(text.data(), added, text_ + length_);
     length_ += added;
   }
   void append_char(char16_t c) {

@@ -44,6 +44,7 @@ WideView ListWalk::next_view() noexcept {
 }
 
 bool ListWalk::is_delimiter(CPWChar c) const {
+  if (delimiters_.size() == 1) return c == delimiters_.front();
   return c != 0 && delimiters_.find(c) != WideView::npos;
 }
 

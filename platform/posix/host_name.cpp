@@ -5,6 +5,7 @@
 // of the plot configuration. No shared state, no heap.
 #include "platform/posix/host_name.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -77,8 +78,11 @@ bool host_name(const CPWChar* spec, int length, char* out) noexcept {
   }
   if (name.overflow()) return false;
   char* const rest = name.end();
-  const int bytes = narrow_from_wide(spec, static_cast<int>(behind - spec), rest, name.room());
-  replace_bytes(rest, static_cast<std::size_t>(bytes), '\\', '/');
+  const auto units = static_cast<std::size_t>(behind - spec);
+  if (units <= static_cast<std::size_t>(name.room()) && copy_ascii(spec, units, rest, '\\', '/') == units)
+    return true;
+  const int bytes = narrow_from_wide(spec, static_cast<int>(units), rest, name.room());
+  std::replace(rest, rest + bytes, '\\', '/');
   return bytes != 0;
 }
 

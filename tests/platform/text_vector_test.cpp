@@ -43,6 +43,16 @@ TEST(TextVector, AUnitIsFoundWhereThePlainLoopFindsIt) {
   }
 }
 
+TEST(TextVector, UnitsAreCopied) {
+  for (int i = 0; i < scaled(kCases); ++i) {
+    Random random(case_seed(0x7E05, i));
+    const auto text = random_units<CPWChar>(random);
+    Units<CPWChar> copy(text.size());
+    platform::copy_units(text.data(), text.size(), copy.data());
+    ASSERT_EQ(copy, text) << "case " << i;
+  }
+}
+
 template <class From, class To>
 void expect_same_copies(int seed) {
   for (int i = 0; i < scaled(kCases); ++i) {
@@ -65,14 +75,16 @@ TEST(TextVector, BytesBecomeTheUnitsOfThePlainLoop) {
   expect_same_copies<char, CPWChar>(0x7E03);
 }
 
-TEST(TextVector, BytesAreReplacedAsByThePlainLoop) {
+TEST(TextVector, BytesAreReplacedOnTheWayAsByThePlainLoop) {
   for (int i = 0; i < scaled(kCases); ++i) {
     Random random(case_seed(0x7E04, i));
-    auto fast = random_units<char>(random);
-    auto plain = fast;
-    platform::replace_bytes(fast.data(), fast.size(), '\\', '/');
-    platform::replace_bytes_plain(plain.data(), plain.size(), '\\', '/');
-    ASSERT_EQ(fast, plain) << "case " << i;
+    const auto text = random_units<CPWChar>(random);
+    Units<char> fast(text.size()), plain(text.size());
+    const std::size_t copied = platform::copy_ascii(text.data(), text.size(), fast.data(), '\\', '/');
+    ASSERT_EQ(copied, platform::copy_ascii_plain(text.data(), text.size(), plain.data(), '\\', '/'));
+    ASSERT_EQ(Units<char>(fast.begin(), fast.begin() + static_cast<std::ptrdiff_t>(copied)),
+              Units<char>(plain.begin(), plain.begin() + static_cast<std::ptrdiff_t>(copied)))
+        << "case " << i;
   }
 }
 
