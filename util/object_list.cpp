@@ -11,11 +11,9 @@
 #include "platform/capi_memory.h"
 #include "util/object_list.h"
 
-#include <atomic>
 #include <cstdint>
 #include <cstring>
 #include <limits>
-#include <utility>
 
 namespace Corvane::Print {
 namespace {
@@ -60,57 +58,27 @@ constexpr bool kWalkAlways = true;
 constexpr bool kWalkAlways = false;
 #endif
 
-// Lets a filter search know whether any list was changed while its filter ran. Shared by all threads; another
-// thread's changes cost a search a walk and nothing else. Without a search nothing is counted.
-//
-// What it buys: a search goes from item to item instead of from the head to each one: 1,000 items take
-// 3 us instead of 730. Why it cannot change a result: while no item came or went, the node behind this one
-// is the one at the next position.
-class ChangeWatch {
-public:
-  ChangeWatch() { searches_.fetch_add(1, std::memory_order_relaxed); }
-  ~ChangeWatch() { searches_.fetch_sub(1, std::memory_order_relaxed); }
-  ChangeWatch(const ChangeWatch&) = delete;
-  ChangeWatch& operator=(const ChangeWatch&) = delete;
-
-  static void note_change() {
-    if (searches_.load(std::memory_order_relaxed) != 0) changes_.fetch_add(1, std::memory_order_relaxed);
-  }
-
-  // Whether there were changes since the previous time.
-  bool saw_change() {
-    const std::uint64_t before = std::exchange(seen_, changes_.load(std::memory_order_relaxed));
-    return seen_ != before;
-  }
-
-private:
-  static inline std::atomic<int> searches_{0};
-  static inline std::atomic<std::uint64_t> changes_{0};
-
-  std::uint64_t seen_ = changes_.load(std::memory_order_relaxed);
-};
-
-ListNode**& end_of(ListRecord& list) {
-  return reinterpret_cast<util::ListBlock&>(list).end;
+util::ListBlock& block_of(ListRecord& list) {
+  return reinterpret_cast<util::ListBlock&>(list);
 }
 
 void link_in(ListRecord& list, ListNode& node, ListNode** link) {
   node.next = *link;
   *link = &node;
-  if (node.next == nullptr) end_of(list) = &node.next;
+  if (node.next == nullptr) block_of(list).end = &node.next;
   ++list.count;
-  ChangeWatch::note_change();
+  ++block_of(list).changes;
 }
 
 void delete_at(ListRecord& list, int index) {
   ListNode** const link = link_at(list, index);
   ListNode* const node = *link;
   *link = node->next;
-  if (*link == nullptr) end_of(list) = link;
+  if (*link == nullptr) block_of(list).end = link;
   capi_free(node->data);
   capi_free(node);
   --list.count;
-  ChangeWatch::note_change();
+  ++block_of(list).changes;
 }
 
 // The list's copy of an item; null when memory ran out. An empty item has an address of its own too.
@@ -136,7 +104,7 @@ ListNode* new_node(const void* item, int size) {
 
 // Where a new item goes: the link in front of the first item that it stands before, or the last one.
 ListNode** link_for(ListRecord& list, void* item, OLCompare compare, void* context) {
-  if (compare == nullptr && !kWalkAlways) return end_of(list);
+  if (compare == nullptr && !kWalkAlways) return block_of(list).end;
   ListNode** link = &list.head;
   while (*link != nullptr && (compare == nullptr || compare(item, (*link)->data, context) >= 0)) {
     link = &(*link)->next;
@@ -165,6 +133,7 @@ void* OLCreate() {
   list.count = 0;
   list.head = nullptr;
   block->end = &list.head;
+  block->changes = 0;
   return block;
 }
 
@@ -243,18 +212,23 @@ int OLItemGetByFilter(void* handle, OLFilter filter, void* context, int* index, 
   if (list == nullptr) return OL_NOT_A_LIST;
   if (const int status = check_index(*list, start); status != OL_OK) return status;
   if (filter == nullptr) return OL_NO_FILTER;
-  // A filter may insert and delete; then the next position is looked for from the head.
-  ChangeWatch watch;
+  // A filter may insert and delete; then the next position is looked for from the head. It may also destroy
+  // the list with the item that it accepts, so nothing is looked at then.
+  //
+  // What going from item to item buys: 1,000 items take 3 us instead of 730. Why it cannot change a result:
+  // while no node came or went, the one behind this one is the one at the next position.
   ListNode* node = *link_at(*list, start);
   for (int position = start;;) {
     void* const data = node->data;
+    const std::uint64_t before = block_of(*list).changes;
     if (filter(data, context) != 0) {
       *index = position;
       if (item != nullptr) *item = data;
       return OL_OK;
     }
     if (++position >= list->count) return OL_NOT_FOUND;
-    node = watch.saw_change() || kWalkAlways ? *link_at(*list, position) : node->next;
+    const bool changed = block_of(*list).changes != before;
+    node = changed || kWalkAlways ? *link_at(*list, position) : node->next;
   }
 }
 

@@ -33,7 +33,8 @@ struct ListRecord {
 // What a handle leads to: the record, and behind it what the host knows nothing about.
 struct ListBlock {
   ListRecord record;
-  ListNode** end;  // the null link at the end of the chain: the head, or the `next` of the last node
+  ListNode** end;         // the null link at the end of the chain: the head, or the `next` of the last node
+  std::uint64_t changes;  // how often a node came or went
 };
 
 static_assert(std::is_trivial_v<ListBlock> && std::is_standard_layout_v<ListBlock>);
