@@ -35,8 +35,10 @@ bool RecordLinks::contested() const {
 }
 
 std::span<FenceVertex* const> RecordLinks::links_with(int number) const {
-  const auto [begin, end] =
-      std::ranges::equal_range(linked_, number, {}, [](const FenceVertex* v) { return linked_fence(*v); });
+  const auto begin = std::find_if(linked_.begin(), linked_.end(),
+                                  [=](const FenceVertex* v) { return linked_fence(*v) >= number; });
+  const auto end =
+      std::find_if(begin, linked_.end(), [=](const FenceVertex* v) { return linked_fence(*v) > number; });
   return {begin, end};
 }
 
