@@ -35,10 +35,9 @@ bool RecordLinks::contested() const {
 }
 
 std::span<FenceVertex* const> RecordLinks::links_with(int number) const {
-  const auto begin = std::find_if(linked_.begin(), linked_.end(),
-                                  [=](const FenceVertex* v) { return linked_fence(*v) >= number; });
-  const auto end =
-      std::find_if(begin, linked_.end(), [=](const FenceVertex* v) { return linked_fence(*v) > number; });
+  const auto before = [](const FenceVertex* v, int n) { return linked_fence(*v) < n; };
+  const auto begin = std::lower_bound(linked_.begin(), linked_.end(), number, before);
+  const auto end = std::lower_bound(begin, linked_.end(), number + 1, before);
   return {begin, end};
 }
 
