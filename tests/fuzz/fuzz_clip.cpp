@@ -9,6 +9,7 @@
 //    and the same again after a call that ran out of memory.
 #include "corvane/print/cl.h"
 #include "platform/capi_memory.h"
+#include "tests/clip/bits.h"
 #include "tests/fuzz/input.h"
 #include "tests/support/guarded.h"
 
@@ -49,9 +50,9 @@ struct Answer {
 
   bool same_as(const Answer& other) const {
     return status == other.status && pieces == other.pieces && points == other.points &&
-           counts == other.counts && coordinates.size() == other.coordinates.size() &&
-           (coordinates.empty() || std::memcmp(coordinates.data(), other.coordinates.data(),
-                                               coordinates.size() * sizeof(double)) == 0);
+           counts == other.counts &&
+           std::equal(coordinates.begin(), coordinates.end(), other.coordinates.begin(),
+                      other.coordinates.end(), same_bits);
   }
 };
 
