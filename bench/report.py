@@ -124,7 +124,11 @@ def machine():
 def commit():
     where = pathlib.Path(__file__).parent
     command = ["git", "-C", str(where), "describe", "--always", "--dirty"]
-    return subprocess.run(command, capture_output=True, text=True, check=False).stdout.strip() or "unknown commit"
+    try:
+        said = subprocess.run(command, capture_output=True, text=True, check=False).stdout.strip()
+    except OSError:  # there is no git
+        said = ""
+    return said or "unknown commit"
 
 
 def introduction(versions, jobs, before_of):
