@@ -23,18 +23,20 @@ void capi_free(void* block) noexcept;
 // Room for `count` objects of `size` bytes; null also when the product does not fit the address space.
 void* capi_alloc_array(std::size_t count, std::size_t size) noexcept;
 
-// For tests: let `successes` more requests succeed and all later ones fail; a negative number lets all
-// succeed. Returns how many requests were made since the previous call.
+// The functions from here on are for tests. The first call of any of them begins the counting.
+
+// Let `successes` more requests succeed and all later ones fail; a negative number lets all succeed. Returns
+// how many requests were made since the previous call.
 long capi_fail_after(long successes) noexcept;
 
-// For tests: the same, but a single request fails and all later ones succeed again.
+// The same, but a single request fails and all later ones succeed again.
 long capi_fail_once_after(long successes) noexcept;
 
-// For tests: how many blocks were given out and have not come back. Blocks that a caller released with the
-// general heap still count.
+// How many blocks were given out and have not come back. Blocks that a caller released with the general heap
+// still count.
 long capi_blocks_out() noexcept;
 
-// For tests: `watch` sees every block just before it is released; null ends that. It must not release any.
+// `watch` sees every block just before it is released; null ends that. It must not release any.
 void capi_watch_free(void (*watch)(void* block)) noexcept;
 
 // A standard allocator over the door above; throws std::bad_alloc, which the exported functions catch.
