@@ -30,11 +30,13 @@ struct ListRecord {
   ListNode* head;
 };
 
-// What a handle leads to: the record, and behind it what the host knows nothing about.
+// What a handle leads to: the record, and behind it what the host knows nothing about. A link is a pointer in
+// the chain: the head, or the `next` of a node. That at position i leads to the item at i.
 struct ListBlock {
   ListRecord record;
-  ListNode** end;         // the null link at the end of the chain: the head, or the `next` of the last node
-  std::uint64_t changes;  // how often a node came or went
+  ListNode** end;    // the null link at the end of the chain
+  ListNode** known;  // the link that was walked to last
+  std::int32_t known_position;
 };
 
 static_assert(std::is_trivial_v<ListBlock> && std::is_standard_layout_v<ListBlock>);

@@ -29,6 +29,19 @@ TEST_F(ObjectList, ASignatureCountsToItsTerminator) {
   }
 }
 
+// Also where no list can begin.
+TEST_F(ObjectList, ADifferenceIsFoundWhereverTheBytesBegin) {
+  alignas(8) char bytes[sizeof(ListRecord) + 8];
+  for (std::size_t offset = 1; offset < 8; ++offset) {
+    for (std::size_t i = 0; i < 21; ++i) {
+      std::memcpy(bytes + offset, &record(), sizeof(ListRecord));
+      bytes[offset + i] ^= 1;
+      int found = -1;
+      EXPECT_EQ(OLGetNumItems(bytes + offset, &found), OL_NOT_A_LIST) << offset << ", " << i;
+    }
+  }
+}
+
 void expect_no_list(void* handle) {
   int number = 1, count = -1, index = 0;
   void* item = &number;
