@@ -15,7 +15,11 @@ namespace Corvane::Print::bench {
 inline constexpr const char* kOurName = "Corvane";
 
 // Ends the program with a message unless a call of the library succeeded.
-void require_ok(const char* call, int status);
+[[noreturn]] void give_up(const char* call, int status);
+
+inline void require_ok(const char* call, int status) {
+  if (status != 0) give_up(call, status);
+}
 
 // Points as the library takes them.
 inline const double* flat(const Points& points) {
