@@ -5,8 +5,8 @@
 // that can be reached from head. `end` and `known` are kept by link_in, delete_at and link_at.
 //
 // What they buy: 10,000 items are appended in 0.27 ms instead of 250, and a filter finds a tenth of them, one
-// call after the other, in 35 us instead of 14 ms. Why they cannot change a result: they are where a walk from
-// the head would come by, because what could move them sets them anew.
+// call after the other, in 35 us instead of 14 ms. Why they cannot change a result: they are where a walk
+// from the head would come by, because what could move them sets them anew.
 #include "corvane/print/ol.h"
 
 #include "platform/capi_memory.h"
