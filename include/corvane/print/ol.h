@@ -18,10 +18,11 @@
  *
  * Ownership: the list owns the items. A pointer that a get function hands out leads to the list's own bytes;
  * it is valid until that item is replaced or deleted or the list is cleared or destroyed. Sizes are in bytes,
- * positions count from 0. Time: positions are reached by walking from the head, by OLItemGetByFilter anew for
- * every item. Threads: no lock. One list must not be used by two threads at once; lists are independent of
- * each other. Failure: the codes below, in the order in which each function names them. A list stays as it
- * was whenever an answer is not OL_OK.
+ * positions count from 0. Time: a position is reached step by step, forwards from the one reached last, or
+ * from the head when it lies before that one or an item was put in between others since. Threads: no lock.
+ * One list must not be used by two threads at once, not even to look at it; lists are independent of each
+ * other. Failure: the codes below, in the order in which each function names them. A list stays as it was
+ * whenever an answer is not OL_OK.
  */
 #ifndef CORVANE_PRINT_OL_H
 #define CORVANE_PRINT_OL_H
