@@ -99,50 +99,24 @@ bool cast_over_ring(const FenceVertex* first, const ProbeRecord& ray, const Fenc
 }
 
 // The same over those edges that the ray can meet at all: all others would answer that they are missed.
-bool cast_over_slab(const FenceVertex* first, const PolygonIndex& index, const ProbeRecord& ray,
-                    const FenceVertex& probe) {
-  const std::span<const RayEdge> edges = index.rays.edges_at(ray.x, ray.y);
+bool cast_over_slab(const FenceVertex* first, const PolygonIndex& index, std::span<const int> edges,
+                    const ProbeRecord& ray, const FenceVertex& probe) {
   constexpr int kNone = -1;
   const int start = number_of(*first);
   int skipped = passes_end_of(*first->prev, ray, probe) ? start : kNone;
   int count = 0;
-  auto next = std::find_if(edges.begin(), edges.end(), [&](const RayEdge& e) { return e.number >= start; });
+  auto next = std::find_if(edges.begin(), edges.end(), [&](int e) { return e >= start; });
   for (std::size_t i = 0; i < edges.size(); ++i, ++next) {
     if (next == edges.end()) next = edges.begin();
-    if (next->number == skipped) continue;
+    const int edge = *next;
+    if (edge == RayIndex::kNoEdge || edge == skipped) continue;
     bool skip_next = false, at_start = false;
-    const RayAnswer answer = edge_meets_ray(index.vertex(next->number), ray, probe, skip_next, at_start);
+    const RayAnswer answer = edge_meets_ray(index.vertex(edge), ray, probe, skip_next, at_start);
     if (answer == kOnEdge) return true;
     if (answer == kCross) ++count;
-    if (skip_next) skipped = next->number + 1 < index.count() ? next->number + 1 : 0;
+    if (skip_next) skipped = following(index, edge);
   }
   return count % 2 == 1;
-}
-
-// Whether the probe is inside, where no edge that the ray can meet leaves a doubt: then none asks for a skip
-// either, and the order does not matter. Nothing else is true for most probes.
-enum class QuickVerdict { kOutside = 0, kInside = 1, kUnclear };
-QuickVerdict quick_verdict(const FenceVertex* first, const PolygonIndex& index, const ProbeRecord& ray) {
-  const FenceVertex& last = *first->prev;
-  bool unclear = quick_answer({last.x, last.y, last.dx, last.dy, 0}, ray).unclear;
-  unsigned count = 0;
-  for (const RayEdge& edge : index.rays.edges_at(ray.x, ray.y)) {
-    const QuickAnswer answer = quick_answer(edge, ray);
-    count += answer.crossed;
-    unclear |= answer.unclear;
-  }
-  if (unclear) return QuickVerdict::kUnclear;
-  return count % 2 == 1 ? QuickVerdict::kInside : QuickVerdict::kOutside;
-}
-
-// Null where all edges have to be tested.
-const PolygonIndex* ray_index_for(const FenceVertex& probe, FencePolygon& polygon) {
-  PolygonIndex* index = index_of(polygon);
-  if (index == nullptr || index->vertices.empty()) return nullptr;
-  if (!index->rays.built()) {
-    index->rays.build(index->points, polygon.extent, polygon.probe->dx, polygon.probe->dy);
-  }
-  return index->rays.covers(probe.x, probe.y) ? index : nullptr;
 }
 
 }  // namespace
@@ -168,12 +142,15 @@ bool probe_is_inside(const FenceVertex& probe, FencePolygon& polygon) {
   ProbeRecord& ray = *polygon.probe;
   ray.x = probe.x;
   ray.y = probe.y;
+  const PolygonIndex* index = index_with_rays(polygon);
+  if (index == nullptr || !index->rays.covers(probe.x, probe.y)) {
+    return cast_over_ring(first_edge_of_cast(polygon, probe.x), ray, probe);
+  }
+  const RayIndex::Place place = index->rays.place_of(probe.x, probe.y);
+  const RayIndex::Verdict verdict = index->rays.verdict_at(place);
+  if (!verdict.unclear) return verdict.inside;
   const FenceVertex* const first = first_edge_of_cast(polygon, probe.x);
-  const PolygonIndex* index = ray_index_for(probe, polygon);
-  if (index == nullptr) return cast_over_ring(first, ray, probe);
-  const QuickVerdict quick = quick_verdict(first, *index, ray);
-  return quick != QuickVerdict::kUnclear ? quick == QuickVerdict::kInside
-                                         : cast_over_slab(first, *index, ray, probe);
+  return cast_over_slab(first, *index, index->rays.edges_at(place), ray, probe);
 }
 
 bool is_inside(const FenceVertex& probe, const ClipExtent& extent, FencePolygon& polygon) {

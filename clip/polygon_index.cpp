@@ -55,4 +55,11 @@ PolygonIndex* fence_index(FencePolygon& polygon) noexcept {
   return index_of(polygon);
 }
 
+const PolygonIndex* index_with_rays(const FencePolygon& polygon) noexcept {
+  PolygonIndex* index = index_of(polygon);
+  if (index == nullptr || index->vertices.empty()) return nullptr;
+  if (!index->rays.built()) index->rays.build(index->points, polygon.extent, *polygon.probe);
+  return index;
+}
+
 }  // namespace Corvane::Print::clip

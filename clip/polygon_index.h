@@ -56,6 +56,9 @@ inline PolygonIndex* index_of(const FencePolygon& polygon) {
 // then compares all edges.
 PolygonIndex* fence_index(FencePolygon& polygon) noexcept;
 
+// The index of a fence polygon with what its inside test needs, if it has one. Null for other polygons.
+const PolygonIndex* index_with_rays(const FencePolygon& polygon) noexcept;
+
 // An empty index. Throws std::bad_alloc.
 PolygonIndex* new_index();
 void release_index(FencePolygon& polygon) noexcept;
