@@ -8,6 +8,7 @@
 #include "clip/line_general.h"
 
 #include "clip/form.h"
+#include "clip/inside_count.h"
 #include "clip/output_room.h"
 #include "clip/polyline.h"
 #include "clip/ring.h"
@@ -133,6 +134,34 @@ void emit_run(const Run& run, const RunInFence& in_fence, bool keep_outside, Out
   writer.end();
 }
 
+// Runs of a single point each. They are judged many at a time, and those that are kept are written so.
+void emit_points(std::span<const LinePoint> points, FencePolygon& fence, const ClipExtent& input,
+                 bool keep_outside, OutputRoom& room) {
+  while (!points.empty()) {
+    const auto portion = points.first(std::min(points.size(), kMostProbes));
+    int inside_counts[kMostProbes];
+    std::fill_n(inside_counts, portion.size(), 0);
+    for (FencePolygon* f = &fence; f != nullptr; f = f->nextPoly) {
+      if (overlap_xy(f->extent, input)) count_inside(portion, *f, inside_counts);
+    }
+    LinePoint kept[kMostProbes];
+    std::size_t keeps = 0;
+    for (std::size_t i = 0; i < portion.size(); ++i) {
+      kept[keeps] = portion[i];
+      keeps += (inside_counts[i] == 0) == keep_outside ? 1 : 0;
+    }
+    room.point_pieces({kept, keeps});
+    points = points.subspan(portion.size());
+  }
+}
+
+// How many of the runs from `run` on, which starts at point `begin`, are a single point.
+std::size_t single_points(const Polylines& lines, std::size_t run, std::size_t begin) {
+  std::size_t count = 0;
+  while (run + count < lines.ends.size() && lines.ends[run + count] == begin + count + 1) ++count;
+  return count;
+}
+
 ClipExtent extent_of(std::span<const LinePoint> points) {
   ClipExtent extent = empty_extent();
   for (const LinePoint& p : points) include_point(extent, p.x, p.y);
@@ -150,15 +179,24 @@ int CORVANE_PRINT_CALL clip_line_general(FencePolygon* fence, int dim, int num_p
   const ClipExtent input = extent_of(lines.points);
   EdgeIndex edges;
   std::size_t begin = 0;
-  for (const std::size_t end : lines.ends) {
+  for (std::size_t r = 0; r < lines.ends.size();) {
+    const std::size_t singles = g_form == Form::kIndexed ? single_points(lines, r, begin) : 0;
+    if (singles > 0) {
+      emit_points({lines.points.data() + begin, singles}, *fence, input, keep_outside, room);
+      begin += singles;
+      r += singles;
+      continue;
+    }
+    const std::size_t end = lines.ends[r];
     const std::span<const LinePoint> points(lines.points.data() + begin, end - begin);
     Run run = {points, lines.ends.size() == 1 ? input : extent_of(points), nullptr};
-    if (g_form == Form::kIndexed && run.edge_count() > 0) {
+    if (g_form == Form::kIndexed) {
       edges.build(points.data(), run.edge_count());
       run.edges = &edges;
     }
     emit_run(run, cut_run(run, *fence, input), keep_outside, room);
     begin = end;
+    ++r;
   }
   return room.finish_lines(num_pieces, num_out);
 } catch (const std::bad_alloc&) {

@@ -112,6 +112,18 @@ void OutputRoom::end_piece() {
   ++pieces_counted_;
 }
 
+// A point is written where its piece fits as well as itself.
+void OutputRoom::point_pieces(std::span<const LinePoint> row) {
+  const std::int64_t pieces = std::clamp<std::int64_t>(piece_capacity_ - pieces_counted_, 0, std::ssize(row));
+  if (pieces > 0) {
+    if (point_fits()) write(row.first(static_cast<std::size_t>(pieces)));
+    std::fill_n(counts_ + pieces_counted_, pieces, 1);
+  }
+  points_counted_ += std::ssize(row);
+  pieces_counted_ += std::ssize(row);
+  grow_extent(row);
+}
+
 void OutputRoom::grow_extent(double x, double y) {
   if (x < xmin_) xmin_ = x;
   if (y < ymin_) ymin_ = y;

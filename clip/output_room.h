@@ -31,6 +31,8 @@ public:
   void point(double x, double y, double z) override;
   void points(std::span<const LinePoint> row) override;
   void end_piece() override;
+  // Each of them a piece of its own.
+  void point_pieces(std::span<const LinePoint> row);
 
   // Whether the room of either kind ran out.
   bool full() const;

@@ -72,6 +72,15 @@ std::vector<double> subject_of(Random& random, int dim) {
   return flatten(ring, dim);
 }
 
+Ring in_single_points(const Ring& run) {
+  Ring points;
+  for (const Point& p : run) {
+    if (!points.empty()) points.push_back(line_break());
+    points.push_back(p);
+  }
+  return points;
+}
+
 std::vector<double> lines_of(Random& random, int dim) {
   Ring line;
   const int runs = random.between(1, 4);
@@ -79,6 +88,7 @@ std::vector<double> lines_of(Random& random, int dim) {
     Ring run = edge_case_ring(random, dim);
     if (random.one_in(6)) run.resize(random.one_in(2) ? 1 : 2);
     if (random.one_in(500)) spoil(random, run);
+    if (random.one_in(6)) run = in_single_points(run);
     line.insert(line.end(), run.begin(), run.end());
     if (i + 1 < runs || random.one_in(2)) line.push_back(line_break());
   }

@@ -191,5 +191,54 @@ TEST(OutputRoom, AnyCapacitiesGiveTheNeedAndWhatFits) {
   }
 }
 
+TEST(OutputRoom, PointPiecesAreWrittenAsOneByOne) {
+  constexpr std::uint64_t kFamily = 344;
+  std::printf("seeds: case_seed(%d, i)\n", static_cast<int>(kFamily));
+  for (int i = 0; i < scaled(100000); ++i) {
+    Random random(case_seed(kFamily, i));
+    const int dim = random.between(2, 3), piece_room = random.between(-2, 12),
+              point_room = random.between(-2, 12);
+    Guarded<int> counts(piece_room), expected_counts(piece_room);
+    Guarded<double> points(point_room > 0 ? point_room * dim : 0),
+        expected_points(point_room > 0 ? point_room * dim : 0);
+    OutputRoom room(dim, piece_room, counts.data(), points.data(), point_room);
+    OutputRoom expected(dim, piece_room, expected_counts.data(), expected_points.data(), point_room);
+    for (int rows = random.below(5); rows > 0; --rows) {
+      std::vector<clip::LinePoint> row(static_cast<std::size_t>(random.below(5)));
+      for (clip::LinePoint& p : row) {
+        p.x = random.between(-9, 9), p.y = random.between(-9, 9), p.z = random.between(-9, 9);
+      }
+      if (random.one_in(2)) {
+        room.point_pieces(row);
+        for (const clip::LinePoint& p : row) {
+          expected.begin_piece();
+          expected.point(p.x, p.y, p.z);
+          expected.end_piece();
+        }
+      } else {
+        for (OutputRoom* r : {&room, &expected}) {
+          r->begin_piece();
+          r->points(row);
+          r->end_piece();
+        }
+      }
+    }
+    ASSERT_EQ(finished(room, true, piece_room, point_room), finished(expected, true, piece_room, point_room));
+    for (int k = 0; k < piece_room; ++k) {
+      ASSERT_EQ(counts[static_cast<std::size_t>(k)], expected_counts[static_cast<std::size_t>(k)])
+          << "case " << i;
+    }
+    for (int k = 0; k < point_room * dim; ++k) {
+      ASSERT_EQ(points[static_cast<std::size_t>(k)], expected_points[static_cast<std::size_t>(k)])
+          << "case " << i;
+    }
+    ASSERT_TRUE(counts.intact() && points.intact()) << "case " << i;
+    ASSERT_EQ(room.xmin(), expected.xmin());
+    ASSERT_EQ(room.ymin(), expected.ymin());
+    ASSERT_EQ(room.xmax(), expected.xmax());
+    ASSERT_EQ(room.ymax(), expected.ymax());
+  }
+}
+
 }  // namespace
 }  // namespace Corvane::Print::tests
