@@ -66,6 +66,12 @@ bool host_file_exists(const CPWChar* spec) noexcept;
 //   length    the characters of the specification, or kToTerminator
 bool host_file_is_regular(const CPWChar* spec, int length = kToTerminator) noexcept;
 
+// The same for a specification in two zero-terminated pieces, which need not be put together for it.
+//   lengths   of the pieces, at least 1, together less than kSpecCapacity
+inline constexpr int kSpecCapacity = 256;
+bool host_file_in_folder(const CPWChar* folder, int folder_length, const CPWChar* rest,
+                         int rest_length) noexcept;
+
 // The name by which the system knows the file, as wide text with a terminator: the specification itself on
 // Windows. Returns its length; 0, and an empty text, when the specification names nothing or there is no
 // room.
