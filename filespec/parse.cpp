@@ -41,12 +41,12 @@ namespace twin = config::twin;
 
 int FUParseUFSW(const CPWChar* ufs, CPWChar* dev, CPWChar* dir, CPWChar* name, CPWChar* ext, CPWChar* ver) {
   const Split split(ufs);
-  copy_view(dir, {});
-  copy_view(ver, split.version());
-  copy_view(dev, split.device());
+  Split::take({}, dir);
+  Split::take(split.version(), ver);
+  Split::take(split.device(), dev);
   split.take_directory(dir);
-  copy_view(ext, split.extension());
-  copy_view(name, split.name());
+  Split::take(split.extension(), ext);
+  Split::take(split.name(), name);
   return FU_OK;
 }
 

@@ -62,8 +62,15 @@ public:
   void take_directory(CPWChar* dir) const {
     if (marks_.separator == WideView::npos || dir == nullptr) return;
     const WideView typed = typed_directory();
-    copy_view(dir, typed);
+    take(typed, dir);
     if (!keeps_directory()) std::replace(dir, dir + typed.size(), CPWChar('/'), CPWChar('\\'));
+  }
+
+  // Writes a part of this specification to `out`, which has room for 256 characters or is null.
+  static void take(WideView part, CPWChar* out) {
+    if (out == nullptr) return;
+    platform::copy_units(part.data(), part.size(), out);
+    out[part.size()] = 0;
   }
 
   WideView name() const { return between(behind_directory(), has_extension() ? marks_.dot : end()); }

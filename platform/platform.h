@@ -37,6 +37,13 @@ inline constexpr int kToTerminator = -1;
 int wide_from_narrow(const char* text, int length, CPWChar* out, int capacity) noexcept;
 int narrow_from_wide(const CPWChar* text, int length, char* out, int capacity) noexcept;
 
+// locale.cpp
+// ------------------------------------------------------------------------------------------------
+
+// Whether it is known of the thread's locale that its multibyte characters keep ASCII: a byte below 0x80 is
+// the character of that number, wherever no other character has begun.
+bool locale_keeps_ascii() noexcept;
+
 // environment.cpp
 // --------------------------------------------------------------------------------------------
 

@@ -15,6 +15,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 #include "corvane/print/types.h"
 
@@ -70,6 +71,10 @@ inline std::size_t length_of(const CPWChar* text) {
   while (zeros == 0) zeros = zeros_of(group += sizeof(__m128i));
   const char* const end = group + __builtin_ctz(zeros);
   return static_cast<std::size_t>(end - reinterpret_cast<const char*>(text)) / sizeof *text;
+}
+
+inline std::size_t length_of(const char* text) {
+  return std::strlen(text);
 }
 
 // Where a unit first stands among `length` units; `length` when it does not.
@@ -174,6 +179,21 @@ inline std::size_t copy_ascii(const char* text, std::size_t length, CPWChar* out
     _mm_storeu_si128(reinterpret_cast<__m128i*>(out + at + kUnitsAtOnce), _mm_unpackhi_epi8(bytes, zero));
     if (at + kBytesAtOnce == length) return length;
   }
+}
+
+// Whether all bytes are below 0x80.
+inline bool is_ascii_plain(const char* text, std::size_t length) {
+  std::size_t at = 0;
+  while (at < length && static_cast<unsigned char>(text[at]) < 0x80) ++at;
+  return at == length;
+}
+
+inline bool is_ascii(const char* text, std::size_t length) {
+  if (kOneByOne || length < kBytesAtOnce) return is_ascii_plain(text, length);
+  unsigned beyond = bits_of(load_group(text + length - kBytesAtOnce));
+  for (std::size_t at = 0; at + kBytesAtOnce < length; at += kBytesAtOnce)
+    beyond |= bits_of(load_group(text + at));
+  return beyond == 0;
 }
 
 }  // namespace Corvane::Print::platform

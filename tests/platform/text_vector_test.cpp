@@ -91,6 +91,16 @@ TEST(TextVector, BytesBecomeTheUnitsOfThePlainLoop) {
   expect_same_copies<char, CPWChar>(0x7E03);
 }
 
+TEST(TextVector, TextIsAsciiWhereThePlainLoopSaysSo) {
+  for (int i = 0; i < scaled(kCases); ++i) {
+    Random random(case_seed(0x7E07, i));
+    const auto text = random_units<char>(random);
+    ASSERT_EQ(platform::is_ascii(text.data(), text.size()),
+              platform::is_ascii_plain(text.data(), text.size()))
+        << "case " << i;
+  }
+}
+
 TEST(TextVector, BytesAreReplacedOnTheWayAsByThePlainLoop) {
   for (int i = 0; i < scaled(kCases); ++i) {
     Random random(case_seed(0x7E04, i));
