@@ -187,8 +187,7 @@ bool are_same(Cursor a, Cursor b, const Same& same) {
 // wildcards and backslashes say, and only for the text as a whole. Looks wrong; a name with backslashes must
 // be found by its own text. Pinned by StrMatch.IgnoringCaseAPatternMatchesItsOwnText.
 template <class Cursor>
-bool matches_ignoring_case(Cursor text, Cursor pattern) {
-  const SameIgnoringCase same;
+bool matches_ignoring_case(Cursor text, Cursor pattern, const SameIgnoringCase& same = {}) {
   return matches(text, pattern, same) || are_same(text, pattern, same);
 }
 

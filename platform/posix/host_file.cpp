@@ -36,7 +36,7 @@ struct Entry {
 };
 
 struct ScanState {
-  CapiVector<char> names;
+  CapiRawVector<char> names;
   CapiVector<Entry> order;
   std::size_t next = 0;
 };
@@ -123,7 +123,8 @@ void read_names(DIR& directory, DirectoryScan::Wanted wanted, const void* contex
     const std::size_t length = std::strlen(name);
     if (!take_name(name, length, wide) || (wanted != nullptr && !wanted(wide, context))) continue;
     state.order.push_back({state.names.size(), 0});
-    state.names.insert(state.names.end(), name, name + length + 1);
+    state.names.resize(state.names.size() + length + 1);
+    std::memcpy(state.names.data() + state.order.back().at, name, length + 1);
   }
   sort_names(state);
 }
