@@ -6,6 +6,8 @@
 #ifndef CORVANE_PRINT_FILESPEC_SPLIT_H
 #define CORVANE_PRINT_FILESPEC_SPLIT_H
 
+#include <cstdint>
+
 #include "filespec/bounded.h"
 #include "filespec/text.h"
 
@@ -22,11 +24,13 @@ public:
   //   spec      zero-terminated, of any length; null is an empty text
   explicit Split(const CPWChar* spec) {
     Marks so_far;
-    for (; length_ < kWide - 1 && spec != nullptr && spec[length_] != 0; ++length_) {
-      text_[length_] = spec[length_];
-      note(so_far);
+    std::size_t length = 0;
+    for (; length < kWide - 1 && spec != nullptr && spec[length] != 0; ++length) {
+      if (is_mark(spec[length])) note(spec[length], length, so_far);
     }
-    text_[length_] = 0;
+    platform::copy_units(spec, length, text_);
+    text_[length] = 0;
+    length_ = length;
     if (semicolon_ == WideView::npos) marks_ = so_far;
   }
   Split(const Split&) = delete;
@@ -89,23 +93,31 @@ private:
     std::size_t dot = WideView::npos;        // the last one behind both
   };
 
-  void note(Marks& so_far) {
-    switch (text_[length_]) {
+  // One of the characters that note() knows. Most are none, and a table of bits tells them from letters and
+  // digits in one step.
+  static bool is_mark(CPWChar c) {
+    constexpr auto bit = [](char mark) { return std::uint64_t{1} << (mark - '.'); };
+    constexpr std::uint64_t kMarks = bit('.') | bit('/') | bit(':') | bit(';') | bit('\\') | bit(']');
+    return c >= '.' && c <= ']' && (kMarks >> (c - '.') & 1) != 0;
+  }
+
+  void note(CPWChar c, std::size_t at, Marks& so_far) {
+    switch (c) {
       case ';':
-        semicolon_ = length_;
+        semicolon_ = at;
         marks_ = so_far;
         break;
       case ':':
-        if (so_far.colon == WideView::npos) so_far = {.colon = length_};
+        if (so_far.colon == WideView::npos) so_far = {.colon = at};
         break;
       case '/':
       case ']':
       case '\\':
-        so_far.separator = length_;
+        so_far.separator = at;
         so_far.dot = WideView::npos;
         break;
       case '.':
-        so_far.dot = length_;
+        so_far.dot = at;
         break;
       default:
         break;
