@@ -31,6 +31,10 @@ CFGetEnvVarCallback g_config_callback = nullptr;
 
 }  // namespace
 
+bool config::host_is_asked() noexcept {
+  return g_config_callback != nullptr;
+}
+
 void CFSetGetEnvVarCallback(CFGetEnvVarCallback callback) {
   g_config_callback = callback;
 }

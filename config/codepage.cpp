@@ -13,6 +13,7 @@
 
 #include "platform/capi_memory.h"
 #include "platform/platform.h"
+#include "platform/text_vector.h"
 
 namespace Corvane::Print::config {
 namespace {
@@ -41,13 +42,7 @@ int units_that_fit(const CPWChar* text, int length, int bytes) {
 }  // namespace
 
 std::size_t wide_length(const CPWChar* text) noexcept {
-  // Four at a time: the list of a long search costs 1 us less. Nothing behind the terminator is read.
-  for (std::size_t length = 0;; length += 4) {
-    if (text[length] == 0) return length;
-    if (text[length + 1] == 0) return length + 1;
-    if (text[length + 2] == 0) return length + 2;
-    if (text[length + 3] == 0) return length + 3;
-  }
+  return platform::length_of(text);
 }
 
 void widen_cut(const char* text, CPWChar* out, int capacity) noexcept {

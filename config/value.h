@@ -22,6 +22,9 @@ CPWChar* value_from_environment(EnvironmentText lookup, const CPWChar* name);
 // As above; `callback` is not null and counts BYTES.
 CPWChar* value_from_callback(CFGetEnvVarCallback callback, const CPWChar* name);
 
+// Whether lookups go to the host's callback at this moment; in cf.cpp.
+bool host_is_asked() noexcept;
+
 }  // namespace Corvane::Print::config
 
 #endif

@@ -78,7 +78,13 @@ public:
   int length() const { return length_within(text_, kLongest); }
   WideView view() const { return view_of(text_); }
 
-  void set(const CPWChar* text) { FUStrCopyW(text_, text, kWide); }
+  void set(const CPWChar* text) {
+    if (text == nullptr) {
+      text_[0] = 0;
+    } else {
+      FUStrCopyW(text_, text, kWide);
+    }
+  }
   void set(WideView text) { copy_view(text_, text); }
   void append(const CPWChar* text) { FUStrCatW(text_, text, kWide); }
   void append_char(char16_t c) { FUAppendCharW(text_, static_cast<CPWChar>(c)); }

@@ -8,18 +8,20 @@
 
 #include "config/twin.h"
 #include "corvane/print/fu.h"
-#include "corvane/print/str.h"
 #include "filespec/bounded.h"
 #include "filespec/list_walk.h"
 #include "filespec/spec.h"
 #include "platform/capi_memory.h"
 #include "platform/platform.h"
+#include "util/cursor.h"
+#include "util/match.h"
 
 // While `scan` is open it is the scan of `directory`; `directories` stands behind that one.
 struct FUMatchLFSHandle {
   Corvane::Print::filespec::WideBuffer pattern;
+  Corvane::Print::util::SameIgnoringCase same;  // as the locale has it during a call
   Corvane::Print::filespec::ListWalk directories;
-  const CPWChar* directory = nullptr;
+  Corvane::Print::filespec::WideView directory;
   Corvane::Print::platform::DirectoryScan scan;
 };
 
@@ -75,26 +77,30 @@ bool list_directories(const Components& spec, FUMatchLFSHandle& handle) {
   return handle.directories.start_single(single);
 }
 
-// The name of a directory's entry, and the pattern.
-bool is_match(const CPWChar* name, const void* pattern) {
+// The name of a directory's entry, and the handle.
+bool is_match(const CPWChar* name, const void* handle) {
   if (name[0] == '.' && (name[1] == 0 || (name[1] == '.' && name[2] == 0))) return false;
-  return STRMatchPatternCIW(name, static_cast<const CPWChar*>(pattern)) == 1;
+  const FUMatchLFSHandle& state = *static_cast<const FUMatchLFSHandle*>(handle);
+  return util::matches_ignoring_case(util::WideCursor(name), util::WideCursor(state.pattern), state.same);
 }
 
 // Begins the scan of a directory. One that leaves no room for the pattern in a specification has no matches:
 // cut, the pattern would mean others.
 DirectoryScan::Opened open_scan(FUMatchLFSHandle& handle) {
   WideBuffer spec;
-  FUBuildLFSW(nullptr, handle.directory, handle.pattern, nullptr, nullptr, spec);
+  FUBuildLFSW(nullptr, handle.directory.data(), handle.pattern, nullptr, nullptr, spec);
   if (!spec.view().ends_with(handle.pattern.view())) return DirectoryScan::Opened::kNo;
-  return handle.scan.open(spec, is_match, static_cast<const CPWChar*>(handle.pattern));
+  return handle.scan.open(spec, is_match, &handle);
 }
 
 // The next match in the directory that is being scanned.
 bool next_in_scan(FUMatchLFSHandle& handle, CPWChar* out) {
   CPWChar name[DirectoryScan::kNameCapacity];
   if (!handle.scan.next(name)) return false;
-  FUBuildLFSW(nullptr, handle.directory, name, nullptr, nullptr, out);
+  CPWChar text[kWide];
+  GrowingText spec(text);
+  join({{}, handle.directory, view_of(name), {}, {}}, spec);
+  copy_view(out, spec.finish());
   return true;
 }
 
@@ -139,10 +145,11 @@ int CORVANE_PRINT_CALL FUMatchLFSFirst(const char* lfs, const char* defDev, cons
 int CORVANE_PRINT_CALL FUMatchLFSNextW(FUMatchLFSHandle** handle, CPWChar* out) {
   if (*handle == nullptr) return no_match(FU_FAILED, handle, out);
   FUMatchLFSHandle& state = **handle;
+  state.same = {};
   for (;;) {
     if (next_in_scan(state, out)) return FU_OK;
-    state.directory = state.directories.next();
-    if (state.directory == nullptr) return no_match(FU_FAILED, handle, out);
+    state.directory = state.directories.next_view();
+    if (state.directory.empty()) return no_match(FU_FAILED, handle, out);
     if (open_scan(state) == DirectoryScan::Opened::kNoMemory) return no_match(FU_NO_MEMORY, handle, out);
   }
 }

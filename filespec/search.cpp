@@ -11,9 +11,11 @@
 // No shared state.
 #include "filespec/search.h"
 
+#include "config/value.h"
 #include "filespec/bounded.h"
 #include "filespec/list_walk.h"
 #include "filespec/spec.h"
+#include "filespec/split.h"
 #include "platform/platform.h"
 
 namespace Corvane::Print::filespec {
@@ -54,7 +56,8 @@ public:
   Search(const SearchConditions& conditions, const CPWChar* ufs, const CPWChar* def_ext,
          const CPWChar* def_ver)
       : conditions_(conditions), ufs_(ufs), def_ext_(def_ext), def_ver_(def_ver) {
-    FUParseUFSW(ufs_, dev_, dir_, name_, ext_, nullptr);
+    dev_.set(ufs_.device());
+    ufs_.take_directory(dir_);
   }
 
   int run(const CPWChar* search_path) {
@@ -76,11 +79,15 @@ private:
   bool in_current_directory();
   bool as_is();
   bool as_variable();
+  WideView in_folder(WideView directory, CPWChar* text) const;
   bool in_lists(const CPWChar* search_path);
   bool in_list(const CPWChar* list);
+  bool asks_the_system_only() const;
+  bool in_directory(WideView directory, WideView file);
   bool in_directory(WideView directory);
   bool relocated();
   bool by_name_alone();
+  bool is_full_logical_still() const;
 
   bool search_within(int step, const CPWChar* text);
   bool repeats(const CPWChar* text) const;
@@ -91,21 +98,30 @@ private:
   const SearchConditions& conditions_;
   const Search* outer_ = nullptr;
   int reported_step_ = 0;  // of an inner search: the step of the host's search that led here; else 0
-  WideBuffer ufs_, def_ext_, def_ver_;
-  WideBuffer dev_, dir_, name_, ext_;  // of ufs_
+  const Split ufs_;
+  WideBuffer def_ext_, def_ver_;
+  WideBuffer dev_, dir_;  // of ufs_
+  const WideView name_ = ufs_.name(), ext_ = ufs_.extension();
   WideBuffer found_;
+  bool is_variable_ = false;  // what as_variable() has found
   int status_ = FU_NOT_FOUND;
 };
 
+// Name and extension of the specification behind a directory; `text` has room for 256 characters.
+WideView Search::in_folder(WideView directory, CPWChar* text) const {
+  GrowingText spec(text);
+  join({{}, directory, name_, ext_, {}}, spec);
+  return spec.finish();
+}
+
 bool Search::in_current_directory() {
   if (!conditions_.switches.current_directory_first) return false;
-  WideBuffer candidate;
-  FUBuildLFSW(nullptr, W_("."), name_, ext_, nullptr, candidate);
-  return try_candidate(FU_STEP_CURRENT_DIRECTORY, candidate.view());
+  CPWChar text[kWide];
+  return try_candidate(FU_STEP_CURRENT_DIRECTORY, in_folder(W_("."), text));
 }
 
 bool Search::as_is() {
-  if (!conditions_.switches.as_is && FUIsFullLFSW(ufs_) == 0) return false;
+  if (!conditions_.switches.as_is && !is_full_logical(ufs_)) return false;
   return try_candidate(FU_STEP_AS_IS, ufs_.view());
 }
 
@@ -115,7 +131,8 @@ bool Search::as_is() {
 //
 // Never inlined, so that the leak suppressions of the tests can name this frame and cover nothing else.
 [[gnu::noinline]] bool Search::as_variable() {
-  VariableValue value(ufs_);
+  VariableValue value(ufs_.text());
+  is_variable_ = static_cast<bool>(value);
   if (!value || !try_text(FU_STEP_VARIABLE, value.text())) return false;
   value.leave_allocated();
   return true;
@@ -133,11 +150,33 @@ bool Search::in_list(const CPWChar* list) {
     status_ = FU_NO_MEMORY;
     return false;
   }
+  CPWChar text[kWide];
+  const WideView file = asks_the_system_only() ? in_folder(W_("\\"), text) : WideView();
   for (;;) {
     const WideView element = elements.next_view();
     if (element.empty()) return false;
-    if (in_directory(element)) return true;
+    const bool in_pieces = !file.empty() && element.size() + file.size() < kWide;
+    if (in_pieces ? in_directory(element, file) : in_directory(element)) return true;
   }
+}
+
+// Whether a directory has one candidate, of which nobody but the system is told.
+bool Search::asks_the_system_only() const {
+  return conditions_.files == nullptr && conditions_.observer == nullptr && def_ext_.empty() &&
+         def_ver_.empty() && dir_.empty() && !name_.empty();
+}
+
+// Asks for that one candidate in two pieces, the file with a separator in front.
+//
+// What it buys: a candidate costs 35 ns beside the system's call instead of 50. Why it cannot change a
+// result: the pieces make up the candidate, which is put together as ever when the file is there.
+bool Search::in_directory(WideView directory, WideView file) {
+  if (directory.back() == '\\') file.remove_prefix(1);
+  if (!platform::host_file_in_folder(directory.data(), static_cast<int>(directory.size()), file.data(),
+                                     static_cast<int>(file.size())))
+    return false;
+  in_folder(directory, found_);
+  return true;
 }
 
 // KEEP(search-list-drops-version): in the directories of a list the version that was asked for is not looked
@@ -146,28 +185,25 @@ bool Search::in_list(const CPWChar* list) {
 //
 // Candidates are put together where they are tried, from texts whose lengths are known.
 bool Search::in_directory(WideView directory) {
-  const WideView dir = dir_.view(), name = name_.view(), ext = ext_.view();
-  CPWChar plain_text[kWide];
-  GrowingText plain(plain_text);
-  join({{}, directory, name, ext, {}}, plain);
-  const WideView first = plain.finish();
+  CPWChar first_text[kWide];
+  const WideView first = in_folder(directory, first_text);
   if (try_candidate(FU_STEP_LISTS, first)) return true;
   // Without a directory of its own the specification makes the same candidate once more, as the separator
   // stands in front of the name already.
-  if (dir.empty() && !name.empty()) return false;
+  if (dir_.empty() && !name_.empty()) return false;
 
   CPWChar below_text[kWide], second_text[kWide];
-  GrowingText below(below_text), second(second_text);
+  GrowingText below(below_text);
   below.append(directory);
   below.append_char('\\');
-  below.append(dir);
-  join({{}, below.finish(), name, ext, {}}, second);
-  return second.finish() != first && try_candidate(FU_STEP_LISTS, second.finish());
+  below.append(dir_.view());
+  const WideView second = in_folder(below.finish(), second_text);
+  return second != first && try_candidate(FU_STEP_LISTS, second);
 }
 
 bool Search::relocated() {
-  if (FUIsFullHFSW(ufs_) == 0 || !CFIsVariableDefinedW(W_("VX_PWP"))) return false;
-  const CPWChar* const levels = last_levels(ufs_);
+  if (!is_full_host(ufs_) || !CFIsVariableDefinedW(W_("VX_PWP"))) return false;
+  const CPWChar* const levels = last_levels(ufs_.text());
   if (levels == nullptr) return false;
   WideBuffer text(W_("VX_PWP:"));
   text.append(levels);
@@ -175,10 +211,17 @@ bool Search::relocated() {
 }
 
 bool Search::by_name_alone() {
-  if (ufs_.empty() || FUIsFullLFSW(ufs_) != 0 || !CFIsVariableDefinedW(W_("VX_PWP"))) return false;
-  WideBuffer text;
-  FUBuildLFSW(nullptr, W_("VX_PWP:"), name_, ext_, nullptr, text);
-  return search_within(FU_STEP_BY_NAME, text);
+  if (ufs_.view().empty() || is_full_logical_still() || !CFIsVariableDefinedW(W_("VX_PWP"))) return false;
+  CPWChar text[kWide];
+  return search_within(FU_STEP_BY_NAME, in_folder(W_("VX_PWP:"), text).data());
+}
+
+// The environment is not asked for the same variable again, while a host is: it sees each lookup, and may
+// define variables when it is told of a candidate. What it buys: 40 ns of a search that finds nothing.
+bool Search::is_full_logical_still() const {
+  if (config::host_is_asked() || conditions_.observer != nullptr || conditions_.files != nullptr)
+    return is_full_logical(ufs_);
+  return is_full_host(ufs_) || is_variable_ || is_behind_logical_device(ufs_);
 }
 
 bool Search::search_within(int step, const CPWChar* text) {
@@ -193,7 +236,7 @@ bool Search::search_within(int step, const CPWChar* text) {
 
 bool Search::repeats(const CPWChar* text) const {
   for (const Search* search = this; search != nullptr; search = search->outer_) {
-    if (same_text(search->ufs_, text)) return true;
+    if (search->ufs_.view() == view_of(text)) return true;
   }
   return false;
 }

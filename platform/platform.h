@@ -37,6 +37,13 @@ inline constexpr int kToTerminator = -1;
 int wide_from_narrow(const char* text, int length, CPWChar* out, int capacity) noexcept;
 int narrow_from_wide(const CPWChar* text, int length, char* out, int capacity) noexcept;
 
+// locale.cpp
+// ------------------------------------------------------------------------------------------------
+
+// Whether it is known of the thread's locale that its multibyte characters keep ASCII: a byte below 0x80 is
+// the character of that number, wherever no other character has begun.
+bool locale_keeps_ascii() noexcept;
+
 // environment.cpp
 // --------------------------------------------------------------------------------------------
 
@@ -65,6 +72,12 @@ bool host_file_exists(const CPWChar* spec) noexcept;
 // character that the code page lacks stands for the one that the system puts in its place.
 //   length    the characters of the specification, or kToTerminator
 bool host_file_is_regular(const CPWChar* spec, int length = kToTerminator) noexcept;
+
+// The same for a specification in two zero-terminated pieces, which need not be put together for it.
+//   lengths   of the pieces, at least 1, together less than kSpecCapacity
+inline constexpr int kSpecCapacity = 256;
+bool host_file_in_folder(const CPWChar* folder, int folder_length, const CPWChar* rest,
+                         int rest_length) noexcept;
 
 // The name by which the system knows the file, as wide text with a terminator: the specification itself on
 // Windows. Returns its length; 0, and an empty text, when the specification names nothing or there is no

@@ -61,6 +61,11 @@ struct PatternItem {
   char32_t literal = 0;
 };
 
+// Whether an item that begins with the character is the character itself, or "?".
+inline bool is_an_item(char32_t c) {
+  return c != 0 && c != U'*' && c != U'\\';
+}
+
 template <class Cursor>
 bool is_lone_backslash(Cursor pattern) {
   if (pattern.current() != U'\\') return false;
@@ -68,8 +73,8 @@ bool is_lone_backslash(Cursor pattern) {
   return pattern.at_end();
 }
 
-// The item at the cursor, which is left behind it. A run of stars is one item. Always inlined, as go_along
-// is: this is where a match spends its time.
+// The item at the cursor, which is left behind it. A run of stars is one item. Always inlined, as the walks
+// below are: this is where a match spends its time.
 template <class Cursor>
 [[gnu::always_inline]] inline PatternItem take_item(Cursor& pattern) {
   using Kind = PatternItem::Kind;
@@ -103,6 +108,11 @@ template <class Cursor, class Same>
 [[gnu::always_inline]] inline Met go_along(Cursor& text, Cursor& pattern, const Same& same) {
   using Kind = PatternItem::Kind;
   for (;;) {
+    // Most characters are their own items.
+    while (pattern.current() == text.current() && is_an_item(pattern.current())) {
+      pattern.advance();
+      text.advance();
+    }
     const PatternItem item = take_item(pattern);
     if (item.kind == Kind::kStars) return Met::kStars;
     if (item.kind == Kind::kEnd) return Met::kPatternEnd;
@@ -112,11 +122,33 @@ template <class Cursor, class Same>
   }
 }
 
+// How many items the pattern goes on with to its end; false when it comes to stars first.
+template <class Cursor>
+[[gnu::always_inline]] inline bool count_to_end(Cursor pattern, std::size_t& items) {
+  using Kind = PatternItem::Kind;
+  for (items = 0;; ++items) {
+    for (; is_an_item(pattern.current()); pattern.advance()) ++items;
+    const Kind kind = take_item(pattern).kind;
+    if (kind == Kind::kStars) return false;
+    if (kind == Kind::kEnd) return true;
+  }
+}
+
 // The same behind stars, at the first place where the items up to the next stars, or to the ends of both,
 // fit. The places where the first of them does not fit are passed over without looking at the others.
 template <class Cursor, class Same>
-Met go_along_behind_stars(Cursor& text, Cursor& pattern, const Same& same) {
+[[gnu::always_inline]] inline Met go_along_behind_stars(Cursor& text, Cursor& pattern, const Same& same) {
   using Kind = PatternItem::Kind;
+  // The last items fit nowhere but at the text's end: a cursor that finds it looks at no other place.
+  if constexpr (requires { text.length(); }) {
+    std::size_t items;
+    if (count_to_end(pattern, items)) {
+      const std::size_t length = text.length();
+      if (length < items) return Met::kTextEnd;
+      text.skip(length - items);
+      return go_along(text, pattern, same);
+    }
+  }
   Cursor behind_first = pattern;
   const PatternItem first = take_item(behind_first);
   for (Cursor place = text;; place.advance()) {
@@ -155,8 +187,7 @@ bool are_same(Cursor a, Cursor b, const Same& same) {
 // wildcards and backslashes say, and only for the text as a whole. Looks wrong; a name with backslashes must
 // be found by its own text. Pinned by StrMatch.IgnoringCaseAPatternMatchesItsOwnText.
 template <class Cursor>
-bool matches_ignoring_case(Cursor text, Cursor pattern) {
-  const SameIgnoringCase same;
+bool matches_ignoring_case(Cursor text, Cursor pattern, const SameIgnoringCase& same = {}) {
   return matches(text, pattern, same) || are_same(text, pattern, same);
 }
 

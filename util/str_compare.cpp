@@ -29,7 +29,7 @@ int STRCompareCIW(const CPWChar* s1, const CPWChar* s2) {
 }
 
 int STRCompareCI(const char* s1, const char* s2) {
-  return util::compare_ignoring_case(util::MultibyteCursor(s1), util::MultibyteCursor(s2));
+  return util::with_narrow_cursors(s1, s2, [](auto a, auto b) { return util::compare_ignoring_case(a, b); });
 }
 
 int STRCompareCICountW(const CPWChar* s1, const CPWChar* s2, int count) {

@@ -9,7 +9,6 @@
 
 namespace Corvane::Print {
 
-using util::MultibyteCursor;
 using util::WideCursor;
 
 int STRMatchPatternW(const CPWChar* string, const CPWChar* pattern) {
@@ -17,7 +16,9 @@ int STRMatchPatternW(const CPWChar* string, const CPWChar* pattern) {
 }
 
 int STRMatchPattern(const char* string, const char* pattern) {
-  return util::matches(MultibyteCursor(string), MultibyteCursor(pattern), util::SameCharacter()) ? 1 : 0;
+  return util::with_narrow_cursors(string, pattern, [](auto text, auto items) {
+    return util::matches(text, items, util::SameCharacter()) ? 1 : 0;
+  });
 }
 
 int STRMatchPatternCIW(const CPWChar* string, const CPWChar* pattern) {
@@ -25,7 +26,9 @@ int STRMatchPatternCIW(const CPWChar* string, const CPWChar* pattern) {
 }
 
 int STRMatchPatternCI(const char* string, const char* pattern) {
-  return util::matches_ignoring_case(MultibyteCursor(string), MultibyteCursor(pattern)) ? 1 : 0;
+  return util::with_narrow_cursors(string, pattern, [](auto text, auto items) {
+    return util::matches_ignoring_case(text, items) ? 1 : 0;
+  });
 }
 
 }  // namespace Corvane::Print

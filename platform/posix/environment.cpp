@@ -8,6 +8,7 @@
 
 #include "platform/capi_block.h"
 #include "platform/platform.h"
+#include "platform/text_vector.h"
 
 namespace Corvane::Print::platform {
 namespace {
@@ -16,6 +17,23 @@ namespace {
 class NarrowName {
 public:
   explicit NarrowName(const CPWChar* name) noexcept {
+    const std::size_t length = length_of(name);
+    if (find_unit(name, length, u'=') != length) return;
+    if (length < sizeof usual_ && copy_ascii(name, length + 1, usual_) > length) {
+      text_ = usual_;
+    } else {
+      convert(name);
+    }
+  }
+  NarrowName(const NarrowName&) = delete;
+  NarrowName& operator=(const NarrowName&) = delete;
+
+  // Null when memory ran out, and when there is a '=' in it: no variable's name has one, but getenv would
+  // find "A=B" in the definition "A=B=c".
+  const char* text() const { return text_; }
+
+private:
+  void convert(const CPWChar* name) noexcept {
     if (narrow_from_wide(name, kToTerminator, usual_, sizeof usual_) != 0) {
       text_ = usual_;
       return;
@@ -26,12 +44,7 @@ public:
     if (long_) narrow_from_wide(name, kToTerminator, long_.get(), bytes);
     text_ = long_.get();
   }
-  NarrowName(const NarrowName&) = delete;
-  NarrowName& operator=(const NarrowName&) = delete;
 
-  const char* text() const { return text_; }  // null when memory ran out
-
-private:
   char usual_[256];
   CapiBlock<char> long_;
   const char* text_ = nullptr;
@@ -40,9 +53,9 @@ private:
 }  // namespace
 
 int environment_text(const CPWChar* name, CPWChar* buffer, int capacity) noexcept {
+  if (*name == 0) return 0;
   const NarrowName narrow(name);
-  // No variable has a '=' in its name, but getenv would find "A=B" in the definition "A=B=c".
-  if (narrow.text() == nullptr || std::strchr(narrow.text(), '=') != nullptr) return 0;
+  if (narrow.text() == nullptr) return 0;
   const char* const value = std::getenv(narrow.text());
   if (value == nullptr || *value == '\0') return 0;
   const int count = wide_from_narrow(value, kToTerminator, buffer, capacity);

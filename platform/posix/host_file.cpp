@@ -36,7 +36,7 @@ struct Entry {
 };
 
 struct ScanState {
-  CapiVector<char> names;
+  CapiRawVector<char> names;
   CapiVector<Entry> order;
   std::size_t next = 0;
 };
@@ -123,9 +123,15 @@ void read_names(DIR& directory, DirectoryScan::Wanted wanted, const void* contex
     const std::size_t length = std::strlen(name);
     if (!take_name(name, length, wide) || (wanted != nullptr && !wanted(wide, context))) continue;
     state.order.push_back({state.names.size(), 0});
-    state.names.insert(state.names.end(), name, name + length + 1);
+    state.names.resize(state.names.size() + length + 1);
+    std::memcpy(state.names.data() + state.order.back().at, name, length + 1);
   }
   sort_names(state);
+}
+
+bool is_regular(const char* name) {
+  struct stat status;
+  return stat(name, &status) == 0 && S_ISREG(status.st_mode);
 }
 
 }  // namespace
@@ -137,8 +143,17 @@ bool host_file_exists(const CPWChar* spec) noexcept {
 
 bool host_file_is_regular(const CPWChar* spec, int length) noexcept {
   char name[kHostNameCapacity];
-  struct stat status;
-  return host_name(spec, length, name) && stat(name, &status) == 0 && S_ISREG(status.st_mode);
+  return host_name(spec, length, name) && is_regular(name);
+}
+
+bool host_file_in_folder(const CPWChar* folder, int folder_length, const CPWChar* rest,
+                         int rest_length) noexcept {
+  char name[kHostNameCapacity];
+  if (host_name_in_folder(folder, folder_length, rest, rest_length, name)) return is_regular(name);
+  CPWChar spec[kSpecCapacity];
+  CPWChar* const end = std::copy_n(rest, rest_length, std::copy_n(folder, folder_length, spec));
+  *end = 0;
+  return host_file_is_regular(spec, folder_length + rest_length);
 }
 
 int host_file_name(const CPWChar* spec, CPWChar* out, int capacity) noexcept {

@@ -20,6 +20,12 @@ inline constexpr int kHostNameCapacity = PATH_MAX;
 // False, and nothing usable in `out`, when the drive names nothing or the name is too long.
 bool host_name(const CPWChar* spec, int length, char* out) noexcept;
 
+// The same for two zero-terminated pieces of a specification, where they need no more than to be copied.
+// False also where they do: then the specification as a whole says what its name is.
+//   rest_length  at least 1
+bool host_name_in_folder(const CPWChar* folder, int folder_length, const CPWChar* rest, int rest_length,
+                         char* out) noexcept;
+
 }  // namespace Corvane::Print::platform
 
 #endif

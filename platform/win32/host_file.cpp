@@ -62,6 +62,15 @@ bool host_file_is_regular(const CPWChar* spec, int) noexcept {
   return _access(narrow, 0) == 0 && _stat64(narrow, &status) == 0 && (status.st_mode & S_IFREG) != 0;
 }
 
+bool host_file_in_folder(const CPWChar* folder, int folder_length, const CPWChar* rest,
+                         int rest_length) noexcept {
+  CPWChar spec[kSpecCapacity];
+  wmemcpy(spec, folder, static_cast<size_t>(folder_length));
+  wmemcpy(spec + folder_length, rest, static_cast<size_t>(rest_length));
+  spec[folder_length + rest_length] = L'\0';
+  return host_file_is_regular(spec, folder_length + rest_length);
+}
+
 int host_file_name(const CPWChar* spec, CPWChar* out, int capacity) noexcept {
   const size_t length = wcslen(spec);
   const bool fits = length < static_cast<size_t>(capacity);

@@ -313,29 +313,62 @@ TEST(SearchExplain, WhatTheObserverThrowsDoesNotEndTheSearch) {
   EXPECT_EQ(WideText(out), wide(dir.spec(U"f.txt")));
 }
 
-TEST(SearchRandom, NarrowAndWideAgreeOverARealTree) {
-  const HostDir dir;
-  for (const char32_t* const name : {U"a", U"b.txt", U"sub\\a.txt", U"sub\\b", U"sub\\\u00E9.txt"})
-    dir.make_file(name);
-  const ScopedCurrentDirectory inside(dir.path());
-  const std::u32string pieces[] = {U"a",      U"b", U"sub", U"\\",    U"\\",     U"/",
-                                   U".txt",   U";", U":",   U"DATA:", U"\u00E9", dir.spec() + U"\\",
-                                   U"nothing"};
-  const HostVariables variables{{wide(U"DATA"), wide(U"C:\\none;" + dir.spec())},
-                                {wide(U"VX_PWP"), wide(dir.spec(U"sub"))}};
-  long hits = 0;
-  const int cases = scaled(5000);
-  for (int i = 0; i < cases; ++i) {
-    const std::uint64_t seed = case_seed(0x5EA5, i);
-    Random random(seed);
-    std::u32string ufs, list;
+// Random searches over a real tree, the variables those of the caller; how many cases, and how many found a
+// file.
+class RealTree {
+public:
+  RealTree() {
+    for (const char32_t* const name : {U"a", U"b.txt", U"sub\\a.txt", U"sub\\b", U"sub\\\u00E9.txt"})
+      dir_.make_file(name);
+  }
+  const HostDir& dir() const { return dir_; }
+
+  void search_at_random(std::uint64_t family) {
+    const ScopedCurrentDirectory inside(dir_.path());
+    for (int i = 0; i < cases; ++i) {
+      const std::uint64_t seed = case_seed(family, i);
+      SCOPED_TRACE(testing::Message() << "seed " << seed);
+      Random random(seed);
+      search(random_spec(random), random_list(random), random.one_in(2) ? U"txt" : U"");
+    }
+    EXPECT_GT(hits, cases / 20);
+  }
+
+private:
+  std::u32string random_spec(Random& random) const {
+    const std::u32string pieces[] = {U"a",      U"b", U"sub", U"\\",    U"\\",     U"/",
+                                     U".txt",   U";", U":",   U"DATA:", U"\u00E9", dir_.spec() + U"\\",
+                                     U"nothing"};
+    std::u32string spec;
     for (int n = random.below(6); n > 0; --n) {
       const std::u32string& piece = pieces[random.below(static_cast<int>(std::size(pieces)))];
-      if (piece != U"\u00E9" || narrow_has(0x00E9)) ufs += piece;
+      if (piece != U"\u00E9" || narrow_has(0x00E9)) spec += piece;
     }
-    if (random.one_in(2)) list = dir.spec() + U";" + dir.spec(U"sub");
-    SCOPED_TRACE(testing::Message() << "seed " << seed);
-    const WideText wide_found = look_for(ufs, list, random.one_in(2) ? U"txt" : U"").found;
+    return spec;
+  }
+  // Directories as lists have them, and as they had better not.
+  std::u32string random_list(Random& random) const {
+    const std::u32string long_way = dir_.spec() + U"\\sub";
+    const std::u32string elements[] = {dir_.spec(),
+                                       dir_.spec(U"sub"),
+                                       dir_.spec() + U"\\",
+                                       dir_.spec(U"sub") + U"/",
+                                       dir_.spec(U"sub") + std::u32string(random.below(300), U'\\'),
+                                       long_way + std::u32string(random.between(200, 300), U'n'),
+                                       U"C:",
+                                       U"Z:\\",
+                                       U"Q:\\none",
+                                       U"sub",
+                                       U".",
+                                       U"",
+                                       U"\u00E9"};
+    std::u32string list;
+    for (int n = random.below(5); n > 0; --n)
+      list += elements[random.below(static_cast<int>(std::size(elements)))] + U";";
+    return list;
+  }
+  void search(const std::u32string& ufs, const std::u32string& list, std::u32string_view ext) {
+    const WideText wide_found = look_for(ufs, list, ext).found;
     Guarded<char> out(FU_NARROW);
     FUSearchUFS(narrow(ufs).c_str(), narrow(list).c_str(), "txt", "", out.data());
     std::u32string back;
@@ -345,7 +378,58 @@ TEST(SearchRandom, NarrowAndWideAgreeOverARealTree) {
     ASSERT_EQ(std::string(out.data()), narrow(back));
     if (!wide_found.empty()) ++hits;
   }
-  EXPECT_GT(hits, cases / 20);
+
+  HostDir dir_;
+  const int cases = scaled(5000);
+  long hits = 0;
+};
+
+TEST(SearchRandom, NarrowWideAndExplainedAgreeOverARealTree) {
+  RealTree tree;
+  const HostVariables variables{{wide(U"DATA"), wide(U"C:\\none;" + tree.dir().spec())},
+                                {wide(U"VX_PWP"), wide(tree.dir().spec(U"sub"))}};
+  tree.search_at_random(0x5EA5);
+}
+
+TEST(SearchRandom, TheyAgreeWithVariablesOfTheEnvironmentToo) {
+  RealTree tree;
+  const ScopedVariable data(U"DATA", U"C:\\none;" + tree.dir().spec());
+  const ScopedVariable name(U"a", U"nothing");
+  const ScopedVariable pwp(U"VX_PWP", tree.dir().spec(U"sub"));
+  tree.search_at_random(0x5EA6);
+}
+
+// What a host is asked for, in order.
+std::vector<WideText>& lookups() {
+  static std::vector<WideText> all;
+  return all;
+}
+
+std::vector<WideText> lookups_of(std::u32string_view ufs, bool explain) {
+  const auto nobody = [](void*, int, const CPWChar*, int) {};
+  lookups().clear();
+  CFSetGetEnvVarCallback([](const CPWChar* name, CPWChar*, int) {
+    lookups().push_back(name);
+    return 0;
+  });
+  CPWChar out[FU_WIDE];
+  FUSearchExplainW(wide(ufs).c_str(), wide(U"C:\\none;C:\\no").c_str(), nullptr, nullptr, out,
+                   explain ? static_cast<FUSearchTried>(nobody) : nullptr, nullptr);
+  CFSetGetEnvVarCallback(nullptr);
+  return lookups();
+}
+
+TEST(Search, AHostIsAskedForTheSameVariablesInTheSameOrder) {
+  for (const bool explain : {false, true}) {
+    EXPECT_EQ(lookups_of(U"f.txt", explain),
+              (std::vector{wide(U"f.txt"), wide(U""), wide(U"f.txt"), wide(U"VX_PWP")}));
+    EXPECT_EQ(lookups_of(U"X:f", explain),
+              (std::vector{wide(U"X:f"), wide(U"X"), wide(U"X:f"), wide(U"X"), wide(U"VX_PWP")}));
+    EXPECT_EQ(lookups_of(U"DATA:f", explain), (std::vector{wide(U"DATA:f"), wide(U"DATA"), wide(U"DATA:f")}));
+    EXPECT_EQ(lookups_of(U"C:\\a\\f", explain),
+              (std::vector{wide(U"C:\\a\\f"), wide(U"C"), wide(U"VX_PWP")}));
+    EXPECT_EQ(lookups_of(U"", explain), (std::vector{wide(U""), wide(U"")}));
+  }
 }
 
 }  // namespace

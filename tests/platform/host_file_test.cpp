@@ -24,6 +24,13 @@ bool is_regular(const std::u32string& spec) {
   return platform::host_file_is_regular(wide(spec).c_str());
 }
 
+// For messages.
+std::string plain_ascii(const WideText& text) {
+  std::string result;
+  for (const CPWChar c : text) result += c < 0x80 ? static_cast<char>(c) : '?';
+  return result;
+}
+
 // Names of a whole scan without "." and "..", in the order of delivery.
 std::vector<WideText> names_of(DirectoryScan& scan) {
   std::vector<WideText> names;
@@ -85,6 +92,30 @@ TEST(HostFile, NamesOfAnyLengthAreHarmless) {
     EXPECT_FALSE(is_regular(dir.spec(std::u32string(length, U'\u5927')))) << length;
     DirectoryScan scan;
     EXPECT_EQ(scan.open(wide(dir.spec(std::u32string(length, U'n') + U"\\*")).c_str()), Opened::kNo);
+  }
+}
+
+// Cut anywhere, also behind a drive, between separators and within a character of two units.
+TEST(HostFile, ASpecificationInTwoPiecesNamesWhatItNamesAsAWhole) {
+  const HostDir dir;
+  dir.make_file(U"f");
+  dir.make_file(U"sub\\plan.plt");
+  dir.make_file(U"sub\\\U0001F5FA");
+  dir.make_dir(U"sub\\plans");
+  const ScopedCurrentDirectory inside(dir.path());
+  for (const char32_t* const below : {U"f", U"\\f", U"sub\\plan.plt", U"sub/\\plan.plt", U"sub\\\U0001F5FA",
+                                      U"sub\\plans", U"sub\\plan.pen", U"", U"sub\\", U"f\\"}) {
+    for (const std::u32string& text : {dir.spec(below), std::u32string(below), U"C:" + std::u32string(below),
+                                       U"Q:\\" + std::u32string(below), dir.spec() + U"/" + below}) {
+      const WideText spec = wide(text);
+      for (std::size_t cut = 1; cut < spec.size(); ++cut) {
+        const WideText front = spec.substr(0, cut), back = spec.substr(cut);
+        EXPECT_EQ(platform::host_file_in_folder(front.c_str(), static_cast<int>(cut), back.c_str(),
+                                                static_cast<int>(back.size())),
+                  is_regular(text))
+            << plain_ascii(spec) << " cut at " << cut;
+      }
+    }
   }
 }
 

@@ -32,6 +32,22 @@ Units<Unit> random_units(Random& random) {
   return units;
 }
 
+TEST(TextVector, ALengthIsThatOfThePlainLoopWhereverTheTextLies) {
+  for (int i = 0; i < scaled(kCases); ++i) {
+    Random random(case_seed(0x7E06, i));
+    auto text = random_units<CPWChar>(random);
+    text.push_back(0);
+    const CPWChar* const from = text.data() + random.below(static_cast<int>(text.size()));
+    ASSERT_EQ(platform::length_of(from), platform::length_of_plain(from)) << "case " << i;
+  }
+  if (platform::kWatched) return;
+  // Hosts have texts at odd addresses too.
+  alignas(CPWChar) char bytes[64] = {};
+  for (int i = 1; i < 41; ++i) bytes[i] = 'x';
+  const auto* const odd = reinterpret_cast<const CPWChar*>(bytes + 1);
+  EXPECT_EQ(platform::length_of(odd), 20u);
+}
+
 TEST(TextVector, AUnitIsFoundWhereThePlainLoopFindsIt) {
   for (int i = 0; i < scaled(kCases); ++i) {
     Random random(case_seed(0x7E01, i));
@@ -73,6 +89,16 @@ TEST(TextVector, UnitsBecomeTheBytesOfThePlainLoop) {
 
 TEST(TextVector, BytesBecomeTheUnitsOfThePlainLoop) {
   expect_same_copies<char, CPWChar>(0x7E03);
+}
+
+TEST(TextVector, TextIsAsciiWhereThePlainLoopSaysSo) {
+  for (int i = 0; i < scaled(kCases); ++i) {
+    Random random(case_seed(0x7E07, i));
+    const auto text = random_units<char>(random);
+    ASSERT_EQ(platform::is_ascii(text.data(), text.size()),
+              platform::is_ascii_plain(text.data(), text.size()))
+        << "case " << i;
+  }
 }
 
 TEST(TextVector, BytesAreReplacedOnTheWayAsByThePlainLoop) {

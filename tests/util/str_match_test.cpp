@@ -2,6 +2,8 @@
 // Copyright (c) 2026 The Corvane Print authors
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 #include "corvane/print/str.h"
 #include "tests/support/heap_watch.h"
 #include "tests/support/scale.h"
@@ -179,6 +181,38 @@ std::vector<std::u32string> all_texts(std::u32string_view characters, std::size_
   return texts;
 }
 
+// A host may leave half a character behind; what it does to the next text is the runtime's business.
+TEST(StrMatch, HalfACharacterThatAHostHasLeftChangesTextsAsEver) {
+  const ScopedLocale locale(text_locale());
+  const auto leave_half_a_character = [] {
+    wchar_t ignored;
+    static_cast<void>(std::mbtowc(nullptr, nullptr, 0));
+    static_cast<void>(std::mbtowc(&ignored, "\xC3", 1));
+  };
+  const char* const texts[] = {"",
+                               "a",
+                               "ab",
+                               "*",
+                               "?",
+                               "a*",
+                               "\\",
+                               "\xA9",
+                               "\xA9"
+                               "a",
+                               "a\xA9"};
+  for (const char* const text : texts) {
+    for (const char* const pattern : texts) {
+      leave_half_a_character();
+      const util::MultibyteCursor items(pattern);
+      const util::MultibyteCursor characters(text);
+      const bool expected = util::matches(characters, items, util::SameCharacter());
+      leave_half_a_character();
+      EXPECT_EQ(STRMatchPattern(text, pattern), expected ? 1 : 0) << text << " and " << pattern;
+    }
+  }
+  static_cast<void>(std::mbtowc(nullptr, nullptr, 0));
+}
+
 TEST(StrMatch, AllShortPatternsGiveThePlainAnswer) {
   const bool slow_tool = test_scale() < 1.0;
   const model::PlainMatch plain(false), plain_ignoring(true);
@@ -294,6 +328,10 @@ public:
   void advance() {
     ++*steps_;
     util::WideCursor::advance();
+  }
+  void skip(std::size_t characters) {
+    *steps_ += static_cast<long>(characters);
+    util::WideCursor::skip(characters);
   }
 
 private:
