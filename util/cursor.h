@@ -54,10 +54,13 @@ public:
     decode();
   }
 
-  // Whether from here on every byte is a character of its own, with its own number.
+  // Whether from here on every byte is a character of its own, with its own number. Only told of texts of a
+  // usual length: a host may go through a long one asking at every place, and a first difference would have
+  // ended most of those questions.
   bool stands_on_ascii() const {
-    return !platform::kOneByOne && character_.code == static_cast<unsigned char>(*at_) &&
-           platform::is_ascii(at_, std::strlen(at_)) && platform::locale_keeps_ascii();
+    if (platform::kOneByOne || character_.code != static_cast<unsigned char>(*at_)) return false;
+    const std::size_t length = strnlen(at_, kLongerThanUsual);
+    return length < kLongerThanUsual && platform::is_ascii(at_, length) && platform::locale_keeps_ascii();
   }
   AsciiCursor as_ascii() const { return AsciiCursor(at_); }
 
@@ -66,6 +69,8 @@ private:
   // Looks wrong; what a character is, the runtime decides, and results must not change for hosts that never
   // set a locale. Pinned by StrCompare.BytesThatAreNoCharacterEndTheText.
   void decode() { character_ = decode_character(at_); }
+
+  static constexpr std::size_t kLongerThanUsual = 512;
 
   const char* at_;
   MultibyteCharacter character_{};
