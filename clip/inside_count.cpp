@@ -58,7 +58,7 @@ Chosen count_clear(const Chosen& asked, const LinePoint* probes, const RayIndex&
     const std::size_t i = asked[k];
     const RayIndex::Verdict verdict = rays.verdict_at(places[k]);
     const bool unclear = verdict.unclear | !is_number(probes[i]);
-    counts[i] += verdict.inside & !unclear ? 1 : 0;
+    counts[i] += (verdict.inside & !unclear) ? 1 : 0;
     doubts.put_if(unclear, i);
   }
   return doubts;
