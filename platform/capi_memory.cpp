@@ -12,9 +12,11 @@
 #include <cstdlib>
 
 namespace Corvane::Print::platform {
+
+std::atomic<bool> g_capi_observed{false};
+
 namespace {
 
-std::atomic<bool> g_observed{false};
 std::atomic<long> g_requests{0};
 std::atomic<long> g_successes_left{-1};
 std::atomic<bool> g_fail_only_once{false};
@@ -22,11 +24,11 @@ std::atomic<long> g_blocks_out{0};
 std::atomic<void (*)(void*)> g_watch_free{nullptr};
 
 bool observed() noexcept {
-  return g_observed.load(std::memory_order_relaxed);
+  return g_capi_observed.load(std::memory_order_relaxed);
 }
 
 void observe() noexcept {
-  g_observed.store(true, std::memory_order_relaxed);
+  g_capi_observed.store(true, std::memory_order_relaxed);
 }
 
 void add(std::atomic<long>& count, long change) noexcept {
@@ -45,35 +47,26 @@ bool request_may_succeed() noexcept {
   return true;
 }
 
-[[gnu::cold, gnu::noinline]] void* observed_alloc(std::size_t bytes) noexcept {
+}  // namespace
+
+void* observed_capi_alloc(std::size_t bytes) noexcept {
   if (!request_may_succeed()) return nullptr;
   void* const block = std::malloc(bytes);
   if (block != nullptr) add(g_blocks_out, 1);
   return block;
 }
 
-[[gnu::cold, gnu::noinline]] void observed_free(void* block) noexcept {
+void observed_capi_free(void* block) noexcept {
+  if (block == nullptr) return;
   add(g_blocks_out, -1);
   if (void (*const watch)(void*) = g_watch_free.load(std::memory_order_relaxed)) watch(block);
   std::free(block);
-}
-
-}  // namespace
-
-void* capi_alloc(std::size_t bytes) noexcept {
-  if (bytes == 0) bytes = 1;
-  return observed() ? observed_alloc(bytes) : std::malloc(bytes);
 }
 
 void* capi_realloc(void* block, std::size_t bytes) noexcept {
   if (block == nullptr) return capi_alloc(bytes);
   if (observed() && !request_may_succeed()) return nullptr;
   return std::realloc(block, bytes != 0 ? bytes : 1);
-}
-
-void capi_free(void* block) noexcept {
-  if (observed() && block != nullptr) return observed_free(block);
-  std::free(block);
 }
 
 void* capi_alloc_array(std::size_t count, std::size_t size) noexcept {

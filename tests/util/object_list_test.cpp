@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <numeric>
+#include <string>
 #include <vector>
 
 #include "tests/support/random.h"
@@ -200,6 +202,19 @@ TEST_F(ObjectList, AnItemMayBeEmptyAndBytesMayBeZeros) {
   EXPECT_EQ(*static_cast<int*>(items[1]), 0);
   for (void* item : items) EXPECT_NE(item, nullptr);
   EXPECT_EQ(record().head->size, 0u);
+}
+
+TEST_F(ObjectList, ItemsOfEverySizeAreCopiedWhole) {
+  std::string bytes(40, ' ');
+  std::iota(bytes.begin(), bytes.end(), 'A');
+  for (std::size_t size = 0; size <= bytes.size(); ++size) {
+    const std::string given = bytes.substr(bytes.size() - size);
+    ASSERT_EQ(OLItemInsert(list_, const_cast<char*>(given.data()), static_cast<int>(size), nullptr, nullptr),
+              OL_OK);
+    void* item = nullptr;
+    ASSERT_EQ(OLItemGetByIndex(list_, static_cast<int>(size), &item), OL_OK);
+    EXPECT_EQ(std::string(static_cast<char*>(item), size), given);
+  }
 }
 
 TEST_F(ObjectList, ThereIsNoMemoryForANegativeSize) {
