@@ -77,6 +77,7 @@ part_repository() {
   step repository names "$root/tools/make-names" --check
   step repository pages "$root/tools/make-docs" --check
   step repository "benchmark report" python3 -B "$root/tests/bench/report_test.py"
+  step repository run-wine "$root/tests/tools/run_wine_test"
 }
 
 # What a program with the thread sanitizer is run through: some systems spread addresses over more room than the
