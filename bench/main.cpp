@@ -54,13 +54,18 @@ bool run_job(const Options& options, const Job& job, Results& results) {
   leave_out(options, job, prepared);
   std::vector<double> seconds;
   if (!all_agree(job, prepared, seconds)) return false;
+
+  std::vector<const Entrant*> short_runs;
   for (std::size_t i = 0; i < prepared.entrants.size(); ++i) {
-    const Entrant& entrant = prepared.entrants[i];
+    if (seconds[i] <= kLongRun) short_runs.push_back(&prepared.entrants[i]);
+  }
+  const std::vector<Timing> timings = time_entrants(short_runs);
+  std::size_t next = 0;
+  for (std::size_t i = 0; i < prepared.entrants.size(); ++i) {
     const double once = 1e9 * seconds[i];
-    const Timing timing =
-        seconds[i] > kLongRun ? Timing{once, once, once, 1} : time_entrant(job.name(), entrant);
-    show(job, entrant, timing);
-    results.add(job, entrant, timing);
+    const Timing timing = seconds[i] > kLongRun ? Timing{once, once, once, 1} : timings[next++];
+    show(job, prepared.entrants[i], timing);
+    results.add(job, prepared.entrants[i], timing);
   }
   return true;
 }

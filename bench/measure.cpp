@@ -16,16 +16,27 @@
 namespace Corvane::Print::bench {
 namespace {
 
+// The times of each benchmark, which is named by its number.
 class Collector : public benchmark::BenchmarkReporter {
 public:
+  explicit Collector(std::size_t benchmarks) : times(benchmarks) {}
   bool ReportContext(const Context&) override { return true; }
   void ReportRuns(const std::vector<Run>& runs) override {
     for (const Run& run : runs) {
-      if (run.run_type == Run::RT_Iteration) times.push_back(run.GetAdjustedCPUTime());
+      if (run.run_type != Run::RT_Iteration) continue;
+      times.at(std::stoul(run.run_name.function_name)).push_back(run.GetAdjustedCPUTime());
     }
   }
-  std::vector<double> times;  // nanoseconds, which is the library's default unit
+  std::vector<std::vector<double>> times;  // nanoseconds, which is the library's default unit
 };
+
+Timing timing_of(std::vector<double>& times) {
+  if (times.empty()) return {};
+  std::sort(times.begin(), times.end());
+  const std::size_t half = times.size() / 2;
+  const double median = times.size() % 2 != 0 ? times[half] : (times[half - 1] + times[half]) / 2;
+  return {median, times.front(), times.back(), static_cast<int>(times.size())};
+}
 
 std::string quoted(const std::string& text) {
   return '"' + text + '"';
@@ -38,19 +49,19 @@ const char* name_of(Kind kind) {
 
 }  // namespace
 
-Timing time_entrant(const std::string& name, const Entrant& entrant) {
-  benchmark::RegisterBenchmark(name.c_str(), [&](benchmark::State& state) {
-    for (auto _ : state) entrant.run();
-  });
-  Collector collector;
+std::vector<Timing> time_entrants(const std::vector<const Entrant*>& entrants) {
+  if (entrants.empty()) return {};
+  for (std::size_t i = 0; i < entrants.size(); ++i) {
+    benchmark::RegisterBenchmark(std::to_string(i).c_str(), [entrant = entrants[i]](benchmark::State& state) {
+      for (auto _ : state) entrant->run();
+    });
+  }
+  Collector collector(entrants.size());
   benchmark::RunSpecifiedBenchmarks(&collector, ".*");
   benchmark::ClearRegisteredBenchmarks();
-  std::vector<double>& times = collector.times;
-  if (times.empty()) return {};
-  std::sort(times.begin(), times.end());
-  const std::size_t half = times.size() / 2;
-  const double median = times.size() % 2 != 0 ? times[half] : (times[half - 1] + times[half]) / 2;
-  return {median, times.front(), times.back(), static_cast<int>(times.size())};
+  std::vector<Timing> timings;
+  for (std::vector<double>& times : collector.times) timings.push_back(timing_of(times));
+  return timings;
 }
 
 Results::Results(const std::string& file) {

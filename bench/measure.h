@@ -17,7 +17,9 @@ struct Timing {
   int repetitions = 0;
 };
 
-Timing time_entrant(const std::string& name, const Entrant& entrant);
+// Times entrants of a job, in the order given. With --benchmark_enable_random_interleaving their repetitions
+// take turns, so that what disturbs the machine for a while disturbs all of them alike.
+std::vector<Timing> time_entrants(const std::vector<const Entrant*>& entrants);
 
 class Results {
 public:
