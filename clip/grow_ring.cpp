@@ -32,6 +32,22 @@ bool runs_counter_clockwise(const double* ring, std::size_t dim, std::size_t n) 
   return sum > 0;
 }
 
+// A guess at the same, from every 16th point of a long ring. Seen from the first point, so that the edges
+// which are passed over matter no more far from the origin than near to it.
+bool seems_counter_clockwise(const double* ring, std::size_t dim, std::size_t n) {
+  constexpr std::size_t kStep = 16, kLong = 8 * kStep;
+  if (n < kLong) return runs_counter_clockwise(ring, dim, n);
+  const Vec first = ring_point(ring, dim, 1), last = ring_point(ring, dim, n);
+  double sum = first.x * last.y - first.y * last.x;  // without the closing edge
+  Vec a = {0, 0};
+  for (std::size_t j = 1 + kStep; j <= n; j += kStep) {
+    const Vec p = ring_point(ring, dim, j), b = {p.x - first.x, p.y - first.y};
+    sum += a.x * b.y - a.y * b.x;
+    a = b;
+  }
+  return sum > 0;
+}
+
 Vec unit(Vec d) {
   const double length = std::sqrt(d.x * d.x + d.y * d.y);
   return {d.x / length, d.y / length};
@@ -82,9 +98,12 @@ void grow_ring_plain(std::size_t dim, std::size_t n, const double* ring, double 
 }
 
 void grow_ring_fast(std::size_t dim, std::size_t n, const double* ring, double distance, double* out) {
-  const bool counter_clockwise = runs_counter_clockwise(ring, dim, n);
-  const std::size_t moved = move_by_two(dim, n, ring, counter_clockwise, distance, out);
-  move_vertices(dim, moved + 1, n + 1, ring, counter_clockwise, distance, out);
+  // The vertices are moved on a guess, and once more when the sum, which comes with them, says otherwise.
+  const bool guess = seems_counter_clockwise(ring, dim, n);
+  const Moved moved = move_by_two(dim, n, ring, guess, distance, out);
+  const bool counter_clockwise = moved.sum > 0;
+  if (counter_clockwise != guess) move_by_two(dim, n, ring, counter_clockwise, distance, out);
+  move_vertices(dim, moved.vertices + 1, n + 1, ring, counter_clockwise, distance, out);
 }
 
 }  // namespace Corvane::Print::clip

@@ -9,9 +9,14 @@
 
 namespace Corvane::Print::clip {
 
-// Arguments as those of grow_ring. Returns how many vertices it moved: all, or all but the last one.
-std::size_t move_by_two(std::size_t dim, std::size_t n, const double* ring, bool counter_clockwise,
-                        double distance, double* out);
+struct Moved {
+  std::size_t vertices;  // all, or all but the last one
+  double sum;            // their part of the sum that judges the ring's direction, added in the plain order
+};
+
+// Arguments as those of grow_ring.
+Moved move_by_two(std::size_t dim, std::size_t n, const double* ring, bool counter_clockwise, double distance,
+                  double* out);
 
 }  // namespace Corvane::Print::clip
 

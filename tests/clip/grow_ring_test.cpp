@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <cfenv>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -82,6 +83,34 @@ TEST(GrowRing, BothFormsWriteTheSameBits) {
   for (int i = 0; i < scaled(1000000); ++i) {
     Random random(case_seed(kFamily, i));
     expect_same(random_ring(random, i % 3));
+    ASSERT_FALSE(HasFailure()) << "case " << i;
+  }
+}
+
+// Long rings of which every 16th point turns the other way, or nearly so: an inner ring of few points, passed
+// once, between which the line runs far round it the other way.
+Ring turning_ring(Random& random) {
+  Ring ring = {random.one_in(2) ? std::size_t{2} : std::size_t{3},
+               static_cast<std::size_t>(random.between(120, 400)),
+               {},
+               random.between(-9.0, 9.0)};
+  const double far = random.one_in(2) ? 0 : random.between(-1e6, 1e6);
+  const double outer = random.between(0.2, 3.0), turn = random.one_in(2) ? 0.1 : -0.1;
+  const auto stray = static_cast<std::size_t>(random.between(0, 15));
+  for (std::size_t i = 0; i < ring.n + 2; ++i) {
+    const bool inner = i % 16 == stray;
+    const double angle = (inner ? -turn : turn) * static_cast<double>(i), radius = inner ? 1 : outer;
+    ring.points.push_back(far + 100 * radius * std::cos(angle));
+    ring.points.push_back(far + 100 * radius * std::sin(angle));
+    if (ring.dim == 3) ring.points.push_back(random.between(-100.0, 100.0));
+  }
+  return ring;
+}
+
+TEST(GrowRing, BothFormsWriteTheSameBitsOfLongRingsThatSeemToTurnTheOtherWay) {
+  for (int i = 0; i < scaled(20000); ++i) {
+    Random random(case_seed(345, i));
+    expect_same(turning_ring(random));
     ASSERT_FALSE(HasFailure()) << "case " << i;
   }
 }
