@@ -40,7 +40,7 @@ private:
   int edges_ = 0;
   int levels_ = 0;
   std::size_t starts_[kMostLevels + 1] = {};  // where each level's boxes start, and where the last one's end
-  platform::CapiVector<Box> boxes_;
+  platform::CapiRawVector<Box> boxes_;
 };
 
 }  // namespace Corvane::Print::clip
