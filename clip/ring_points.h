@@ -6,6 +6,7 @@
 #ifndef CORVANE_PRINT_CLIP_RING_POINTS_H
 #define CORVANE_PRINT_CLIP_RING_POINTS_H
 
+#include "clip/edge_index.h"
 #include "clip/polyline.h"
 #include "clip/records.h"
 #include "platform/capi_memory.h"
@@ -14,6 +15,12 @@ namespace Corvane::Print::clip {
 
 // The points of a ring, and the first of them once more at the end. Never fewer than two entries.
 using RingPoints = platform::CapiRawVector<LinePoint>;
+
+// With boxes over the edges between them.
+struct IndexedRing {
+  RingPoints points;
+  EdgeIndex edges;
+};
 
 struct DepthRange {
   double low, high;
@@ -27,9 +34,9 @@ DepthRange depth_of(const double* points, int count);
 bool has_depth(const double* points, int count);  // whether every z is a number
 
 // Without repeated points. Backwards, too, the first point is the first. Throws std::bad_alloc.
-RingPoints read_ring(const double* points, int count, int dim);
-RingPoints read_ring_backwards(const double* points, int count, int dim);
-RingPoints points_of_ring(const FenceVertex* first);
+IndexedRing read_ring(const double* points, int count, int dim);
+IndexedRing read_ring_backwards(const double* points, int count, int dim);
+IndexedRing points_of_ring(const FenceVertex* first);
 
 }  // namespace Corvane::Print::clip
 

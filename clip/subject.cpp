@@ -135,13 +135,13 @@ void Subject::add_polygon(FenceVertex* ring, int dim) {
   polygon->probe = or_throw(take_probe(polygon->extent));
 }
 
-void Subject::add_polygon(RingPoints ring, int dim, double shoelace) {
+void Subject::add_polygon(IndexedRing ring, int dim, double shoelace) {
   FencePolygon* polygon = or_throw(take_header());
   polygon->dim = dim;
   polygon->clockwise = 1;
   polygon->area = std::fabs(shoelace) / 2.0;
-  const int count = static_cast<int>(ring.size()) - 1;
-  const DepthRange depth = dim == 2 ? DepthRange{0.0, 0.0} : clip::depth_of(&ring.front().x, count);
+  const int count = static_cast<int>(ring.points.size()) - 1;
+  const DepthRange depth = dim == 2 ? DepthRange{0.0, 0.0} : clip::depth_of(&ring.points.front().x, count);
   polygons_.push_back(polygon);
   index_subject(*polygon, std::move(ring));
   polygon->extent.zmin = depth.low;

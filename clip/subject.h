@@ -37,7 +37,7 @@ private:
   void build_points(const FencePolygon& fence, int dim, int count, const double* points);
   void add_parts(const FencePolygon& fence, int dim, FenceVertex* ring);
   void add_polygon(FenceVertex* ring, int dim);
-  void add_polygon(RingPoints ring, int dim, double shoelace);
+  void add_polygon(IndexedRing ring, int dim, double shoelace);
   static bool within_depth(const FencePolygon& fence, DepthRange depth);
   static bool cuts_depth(const FencePolygon& fence, int dim);
 

@@ -8,12 +8,12 @@
 
 namespace Corvane::Print::clip {
 
-void index_subject(FencePolygon& subject, RingPoints points) {
+void index_subject(FencePolygon& subject, IndexedRing ring) {
   PolygonIndex* index = new_index();
   attach_index(subject, index);
-  index->points = std::move(points);
+  index->points = std::move(ring.points);
+  index->edges = std::move(ring.edges);
   subject.vertexCount = index->count();
-  index->edges.build(index->points.data(), index->count());
   const Box& all = index->edges.box(index->edges.levels() - 1, 0);
   subject.extent.xmin = all.xmin;
   subject.extent.ymin = all.ymin;

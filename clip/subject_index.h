@@ -12,7 +12,7 @@ namespace Corvane::Print::clip {
 
 // Gives the polygon its index, which it owns from now on, its vertex count and its x/y extent. Throws
 // std::bad_alloc.
-void index_subject(FencePolygon& subject, RingPoints points);
+void index_subject(FencePolygon& subject, IndexedRing ring);
 
 // Gives an indexed subject the ring of records that a plain one has, for the rare questions that walk one.
 // Nothing happens where it has it already. Throws std::bad_alloc.

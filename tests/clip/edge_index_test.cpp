@@ -5,6 +5,7 @@
 #include "clip/edge_index.h"
 
 #include "tests/support/random.h"
+#include "tests/support/scale.h"
 
 #include <gtest/gtest.h>
 
@@ -61,6 +62,33 @@ TEST(EdgeIndex, EveryLevelHasTheBoxesOfItsEdges) {
     }
     EXPECT_EQ(index.blocks(index.levels() - 1), 1);
     EXPECT_GE(span, edges);
+  }
+}
+
+// The end of the last edge that is announced may be the last point that is final.
+TEST(EdgeIndex, BuiltInPortionsItIsTheSame) {
+  for (int i = 0; i < scaled(2000); ++i) {
+    Random random(case_seed(0xED70, i));
+    const int edges = random.between(1, 700), most = edges + random.between(0, 100);
+    const Points points = random_points(random, edges + 1);
+    clip::EdgeIndex whole, grown;
+    whole.build(points.data(), edges);
+    Points written = random_points(random, most + 1);
+    grown.begin(written.data(), most);
+    for (int final = -1; final < edges;) {
+      const int from = final + 1;
+      final = std::min(edges, from + random.between(0, 80));
+      std::copy(points.begin() + from, points.begin() + final + 1, written.begin() + from);
+      grown.extend(random.one_in(2) ? final : std::max(0, final - random.between(0, 20)));
+    }
+    grown.finish(edges);
+    ASSERT_EQ(grown.edges(), edges);
+    ASSERT_EQ(grown.levels(), whole.levels());
+    for (int level = 0; level < whole.levels(); ++level) {
+      ASSERT_EQ(grown.blocks(level), whole.blocks(level));
+      for (int b = 0; b < whole.blocks(level); ++b) expect_equal(grown.box(level, b), whole.box(level, b));
+    }
+    ASSERT_FALSE(HasFailure()) << "case " << i;
   }
 }
 
