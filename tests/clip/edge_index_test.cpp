@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <limits>
 #include <vector>
 
@@ -67,6 +68,7 @@ TEST(EdgeIndex, EveryLevelHasTheBoxesOfItsEdges) {
 
 // The end of the last edge that is announced may be the last point that is final.
 TEST(EdgeIndex, BuiltInPortionsItIsTheSame) {
+  std::printf("seeds: case_seed(0xED70, i)\n");
   for (int i = 0; i < scaled(2000); ++i) {
     Random random(case_seed(0xED70, i));
     const int edges = random.between(1, 700), most = edges + random.between(0, 100);

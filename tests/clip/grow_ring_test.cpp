@@ -108,6 +108,7 @@ Ring turning_ring(Random& random) {
 }
 
 TEST(GrowRing, BothFormsWriteTheSameBitsOfLongRingsThatSeemToTurnTheOtherWay) {
+  std::printf("seeds: case_seed(345, i)\n");
   for (int i = 0; i < scaled(20000); ++i) {
     Random random(case_seed(345, i));
     expect_same(turning_ring(random));

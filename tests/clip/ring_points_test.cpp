@@ -84,6 +84,7 @@ TEST(RingPoints, EveryStepIsThatOfTheRecords) {
 
 // Read in portions, with repeated points anywhere, also at the seams of the portions and of the ring.
 TEST(RingPoints, ALongRingHasItsPointsAndTheBoxesOverTheirEdges) {
+  std::printf("seeds: case_seed(0x4197, i)\n");
   int dropped = 0;
   for (int i = 0; i < scaled(500); ++i) {
     Random random(case_seed(0x4197, i));
